@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+/// LAN definition files: the document as the game's text, written and read. The format stands in
+/// docs/file-format.md.
+#pragma once
+
+#include "document/operations.h"
+
+#include <QString>
+
+namespace vnb {
+
+/// Writes the document to `sFileName`, whose earlier content is gone from then on. Failures (a path
+/// that can't be made or written, a full disk) go to the standard error report.
+void SaveLAN(const QString &sFileName);
+
+/// The fields of LanHeader, in file order.
+enum class HeaderField : std::uint8_t { Name, Company, Ip, X, Y };
+
+/// What the reader tells the view, beside the operations that it calls. All members are empty here.
+class ReaderView {
+public:
+  ReaderView() = default;
+  ReaderView(const ReaderView &) = delete;
+  ReaderView &operator=(const ReaderView &) = delete;
+  virtual ~ReaderView() = default;
+
+  /// A field of LanHeader has been read, or was left alone after a fault.
+  virtual void headerRead(HeaderField) {}
+  /// Systems(0) has its place.
+  virtual void routerMoved() {}
+  /// The SYSTEMS table has been left, in whichever way.
+  virtual void populateLockBoxes() {}
+  /// Waiting events may run. Only called when the reader takes its time.
+  virtual void yield() {}
+  /// Whether to end the reading at once; asked after each row.
+  virtual bool stopped() const { return false; }
+};
+
+/// Replaces the document by what `sFileName` holds, through `operations`, so that a view which
+/// derives from them grows along. Every fault goes to the standard error report: Yes goes on with
+/// the next step (where the lines have run out, into the next fault), No ends, and what was read
+/// stands. `bTakeYourTime` lets events run between the lines.
+void OpenLANFile(const QString &sFileName, DocumentOperations &operations, ReaderView &view,
+                 bool bTakeYourTime = false);
+
+/// `sText` with each tab as a blank, and no blanks at its ends.
+QString SuperTrim(const QString &sText);
+
+/// SuperTrim of `sText` with single blanks only.
+QString ConcatSpaces(const QString &sText);
+
+} // namespace vnb

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "lanfile/lanfile.h"
+
+#include "lanfile/lines.h"
+#include "runtime/codepage.h"
+#include "runtime/files.h"
+#include "runtime/numbers.h"
+#include "runtime/report.h"
+
+namespace vnb {
+namespace {
+
+/// Marks the document as being filled, in whichever way the reading ends.
+class LoadingMark {
+public:
+  LoadingMark() { LoadingFile = true; }
+  ~LoadingMark() { LoadingFile = false; }
+  LoadingMark(const LoadingMark &) = delete;
+  LoadingMark &operator=(const LoadingMark &) = delete;
+};
+
+/// One reading of one file. It walks the significant lines by their position; keywords, captions
+/// and row numbers are not looked at. A member that returns bool returns false when the user has
+/// ended the reading, or when the file has.
+class Reader {
+public:
+  Reader(DocumentOperations &operations, ReaderView &view, bool bTakeYourTime)
+      : m_operations(operations), m_view(view), m_bTakeYourTime(bTakeYourTime) {}
+
+  void read(const QString &sFileName) {
+    if (!readBytes(sFileName))
+      return;
+    const LoadingMark mark;
+    readHeader() && readRouter() && readSystems() && readOptionalTables();
+  }
+
+private:
+  void yield() {
+    if (m_bTakeYourTime)
+      m_view.yield();
+  }
+
+  void nextLine() {
+    const bool found = m_lines.next();
+    yield();
+    if (!found)
+      throw RuntimeError(Fault::SubscriptOutOfRange);
+  }
+
+  bool nextLineBounded() {
+    bool found = false;
+    return m_report([&] {
+             found = m_lines.next();
+             yield();
+           }) &&
+           found;
+  }
+
+  bool readBytes(const QString &sFileName) {
+    File file;
+    QByteArray bytes;
+    return m_report([&] {
+             yield();
+             m_operations.ClearLAN();
+             yield();
+           }) &&
+           m_report([&] { file.openForInput(sFileName); }) &&
+           m_report([&] { bytes = file.readAll(); }) && m_report([&] {
+             file.close();
+             if (bytes.isEmpty())
+               throw RuntimeError(Fault::SubscriptOutOfRange);
+             m_lines = Lines(std::move(bytes));
+             yield();
+           });
+  }
+
+  /// A header line: `take` gets the text behind a key of `keyLength` letters and one blank. The
+  /// view follows the header also after a fault, so that it never shows what won't be saved.
+  template <class Take>
+  bool headerLine(HeaderField field, std::size_t keyLength, Take take) {
+    return m_report([&] {
+             nextLine();
+             const std::string line = normalised(m_lines.current());
+             take(std::string_view(line).substr(std::min(keyLength + 1, line.size())));
+           }) &&
+           m_report([&] { m_view.headerRead(field); });
+  }
+
+  bool readHeader() {
+    const auto to = [](QString &text) {
+      return [&text](std::string_view value) { text = codePage().decode(value); };
+    };
+    const auto toLong = [](std::int32_t &number) {
+      return [&number](std::string_view value) { number = CLng(value); };
+    };
+    return headerLine(HeaderField::Name, 4, to(LanHeader.NAME)) &&
+           headerLine(HeaderField::Company, 7, to(LanHeader.COMPANY)) &&
+           headerLine(HeaderField::Ip, 2, to(LanHeader.IP)) &&
+           headerLine(HeaderField::X, 4, toLong(LanHeader.XPOS)) &&
+           headerLine(HeaderField::Y, 4, toLong(LanHeader.YPOS));
+  }
+
+  /// The first system row places the router that ClearLAN has made; its other columns don't count.
+  bool readRouter() {
+    return m_report([&] {
+             m_fields.clear();
+             nextLine();
+             m_fields.split(m_lines.current());
+           }) &&
+           m_report([&] {
+             const std::int32_t lX = CLng(m_fields[2]);
+             const std::int32_t lY = CLng(m_fields[3]);
+             Systems[0].lX = lX;
+             Systems[0].lY = lY;
+           }) &&
+           m_report([&] { m_view.routerMoved(); }) && m_report([&] { nextLine(); });
+  }
+
+  /// The rows from the current line to the ".": each goes to `takeRow`, which raises what is wrong
+  /// with it; the row is then left out.
+  template <class TakeRow>
+  bool table(TakeRow takeRow) {
+    for (;;) {
+      bool atEnd = false;
+      if (!m_report([&] { atEnd = m_lines.current() == "."; }))
+        return false;
+      if (atEnd)
+        return true;
+      const bool goOn = m_report([&] {
+                          m_fields.clear();
+                          m_fields.split(m_lines.current());
+                        }) &&
+                        m_report(takeRow) && m_report([&] { nextLine(); });
+      if (!goOn || m_view.stopped())
+        return false;
+    }
+  }
+
+  bool readSystems() {
+    const bool complete = table([&] { takeSystem(); });
+    // Once, and not after each lock: refilling the boxes for every lock of a large file is
+    // quadratic.
+    return m_report([&] {
+             m_view.populateLockBoxes();
+             yield();
+           }) &&
+           complete;
+  }
+
+  void takeSystem() {
+    const std::int32_t lType = TypeFromWord(m_fields[1]);
+    const std::int32_t lX = CLng(m_fields[2]);
+    const std::int32_t lY = CLng(m_fields[3]);
+    const std::int32_t lSecur = CLng(m_fields[4]);
+    const std::int32_t lData1 = CLng(m_fields[5]);
+    const std::int32_t lData2 = CLng(m_fields[6]);
+    const std::int32_t lData3 = CLng(m_fields[7]);
+    m_operations.AddSystem(lType, lX, lY, lSecur, lData1, lData2, lData3,
+                           textOf(m_fields.behind(7)));
+  }
+
+  void takeLink() {
+    const std::int32_t lFrom = CLng(m_fields[1]);
+    const double dFromX = CDbl(m_fields[2]);
+    const double dFromY = CDbl(m_fields[3]);
+    const std::int32_t lTo = CLng(m_fields[4]);
+    const double dToX = CDbl(m_fields[5]);
+    const double dToY = CDbl(m_fields[6]);
+    const std::int32_t lSecur = CLng(m_fields[7]);
+    m_operations.AddLink(lFrom, dFromX, dFromY, lTo, dToX, dToY, lSecur);
+  }
+
+  void takeSubnet() {
+    const std::int32_t lFor = CLng(m_fields[1]);
+    const std::int32_t lFrom = CLng(m_fields[2]);
+    m_operations.AddSubnet(lFor, lFrom);
+  }
+
+  void takeData() {
+    const std::int32_t lNum = CLng(m_fields[1]);
+    m_operations.AddData(lNum, textOf(m_fields.behind(1)));
+  }
+
+  static QString textOf(std::string_view raw) {
+    return raw.empty() ? QString() : codePage().decode(normalised(raw));
+  }
+
+  bool readOptionalTables() {
+    return nextLineBounded() && table([&] { takeLink(); }) && nextLineBounded() &&
+           table([&] { takeSubnet(); }) && nextLineBounded() && table([&] { takeData(); });
+  }
+
+  DocumentOperations &m_operations;
+  ReaderView &m_view;
+  const bool m_bTakeYourTime;
+  const Report m_report{"frmMain", "OpenLANFile"};
+  Lines m_lines;
+  Fields m_fields;
+};
+
+} // namespace
+
+void OpenLANFile(const QString &sFileName, DocumentOperations &operations, ReaderView &view,
+                 bool bTakeYourTime) {
+  Reader(operations, view, bTakeYourTime).read(sFileName);
+}
+
+} // namespace vnb

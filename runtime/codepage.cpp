@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "runtime/codepage.h"
+
+#include "runtime/codepagetables.h"
+
+#include <algorithm>
+
+namespace vnb {
+namespace {
+
+const CodePageTable &table(int number) {
+  const auto found = std::ranges::find(codePageTables, number, &CodePageTable::number);
+  return found != codePageTables.end()
+             ? *found
+             : *std::ranges::find(codePageTables, 1252, &CodePageTable::number);
+}
+
+CodePage &current() {
+  static CodePage page(codePageNumber(QLocale::system().language()));
+  return page;
+}
+
+} // namespace
+
+CodePage::CodePage(int number) : m_number(table(number).number), m_upper(table(number).upper) {
+  for (std::size_t i = 0; i < m_upper.size(); ++i)
+    m_byCharacter[i] = {m_upper[i], static_cast<std::uint8_t>(128 + i)};
+  std::ranges::sort(m_byCharacter, {}, &Pair::character);
+}
+
+QString CodePage::decode(std::string_view bytes) const {
+  QString text(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
+  std::ranges::transform(bytes, text.begin(), [this](char c) {
+    const auto byte = static_cast<std::uint8_t>(c);
+    return QChar(byte < 128 ? char16_t{byte} : m_upper[byte - 128U]);
+  });
+  return text;
+}
+
+char CodePage::byteOf(char16_t character) const {
+  if (character < 128)
+    return static_cast<char>(character);
+  const auto found = std::ranges::lower_bound(m_byCharacter, character, {}, &Pair::character);
+  if (found == m_byCharacter.end() || found->character != character)
+    return '?';
+  return static_cast<char>(found->byte);
+}
+
+char *CodePage::encode(char *out, QStringView text) const {
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    *out++ = byteOf(text[i].unicode());
+    // Both halves of a pair are one character, and so one "?".
+    if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
+      ++i;
+  }
+  return out;
+}
+
+QByteArray CodePage::encode(QStringView text) const {
+  QByteArray bytes(text.size(), Qt::Uninitialized);
+  bytes.truncate(encode(bytes.data(), text) - bytes.constData());
+  return bytes;
+}
+
+QString CodePage::holdable(const QString &text) const {
+  const QByteArray bytes = encode(text);
+  return decode({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+int codePageNumber(QLocale::Language language) {
+  switch (language) {
+  case QLocale::Thai:
+    return 874;
+  case QLocale::Albanian:
+  case QLocale::Bosnian:
+  case QLocale::Croatian:
+  case QLocale::Czech:
+  case QLocale::Hungarian:
+  case QLocale::Polish:
+  case QLocale::Romanian:
+  case QLocale::Slovak:
+  case QLocale::Slovenian:
+    return 1250;
+  case QLocale::Belarusian:
+  case QLocale::Bulgarian:
+  case QLocale::Kazakh:
+  case QLocale::Kyrgyz:
+  case QLocale::Macedonian:
+  case QLocale::Mongolian:
+  case QLocale::Russian:
+  case QLocale::Serbian:
+  case QLocale::Tatar:
+  case QLocale::Ukrainian:
+    return 1251;
+  case QLocale::Greek:
+    return 1253;
+  case QLocale::Azerbaijani:
+  case QLocale::Turkish:
+  case QLocale::Uzbek:
+    return 1254;
+  case QLocale::Hebrew:
+  case QLocale::Yiddish:
+    return 1255;
+  case QLocale::Arabic:
+  case QLocale::Persian:
+  case QLocale::Urdu:
+    return 1256;
+  case QLocale::Estonian:
+  case QLocale::Latvian:
+  case QLocale::Lithuanian:
+    return 1257;
+  case QLocale::Vietnamese:
+    return 1258;
+  default:
+    return 1252;
+  }
+}
+
+const CodePage &codePage() {
+  return current();
+}
+
+void useCodePage(int number) {
+  current() = CodePage(number);
+}
+
+} // namespace vnb

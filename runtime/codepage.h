@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+/// ANSI code pages: the bytes in which LAN files hold their text.
+#pragma once
+
+#include <QByteArray>
+#include <QLocale>
+#include <QString>
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+namespace vnb {
+
+/// One single-byte code page. Bytes and characters map one to one; a byte that the page leaves
+/// undefined stands for the character of the same number, so that any file comes back unchanged.
+class CodePage {
+public:
+  /// Page `number`: 874 or 1250 to 1258; any other number gives 1252.
+  explicit CodePage(int number);
+
+  QString decode(std::string_view bytes) const;
+
+  /// Writes one byte a character to `out` and returns the end; a character that the page lacks
+  /// becomes "?". REQUIRES: room for text.size() bytes.
+  char *encode(char *out, QStringView text) const;
+
+  QByteArray encode(QStringView text) const;
+
+  /// `text` as it comes back after being saved: every character that the page lacks is a "?".
+  QString holdable(const QString &text) const;
+
+  int number() const { return m_number; }
+
+private:
+  char byteOf(char16_t character) const;
+
+  struct Pair {
+    char16_t character;
+    std::uint8_t byte;
+  };
+
+  int m_number;
+  std::array<char16_t, 128> m_upper;   // characters of the bytes 128 to 255
+  std::array<Pair, 128> m_byCharacter; // the same, sorted by character
+};
+
+/// Number of the code page that users of this language have.
+int codePageNumber(QLocale::Language language);
+
+/// The user's code page, by the language of the system's locale, until useCodePage sets another.
+const CodePage &codePage();
+void useCodePage(int number);
+
+} // namespace vnb

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+/// Runtime errors: the one kind of failure that may cross a procedure.
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <exception>
+
+namespace vnb {
+
+/// The numbered faults that this program can meet, with the numbers that users know them by.
+enum class Fault : std::int32_t {
+  Overflow = 6,
+  OutOfMemory = 7,
+  SubscriptOutOfRange = 9,
+  TypeMismatch = 13,
+  Internal = 51,
+  BadFileName = 52,
+  FileNotFound = 53,
+  FileAlreadyOpen = 55,
+  DeviceIo = 57,
+  DiskFull = 61,
+  InputPastEnd = 62,
+  TooManyFiles = 67,
+  PermissionDenied = 70,
+  PathFileAccess = 75,
+  PathNotFound = 76,
+  ControlArrayElement = 340,
+  ObjectAlreadyLoaded = 360,
+  CannotUnload = 362,
+};
+
+/// A failure with its number and a description for the user.
+class RuntimeError : public std::exception {
+public:
+  /// A fault of the table, with the table's description.
+  explicit RuntimeError(Fault fault);
+  /// A fault of the program's own.
+  RuntimeError(std::int32_t number, QString description);
+
+  std::int32_t number() const { return m_number; }
+  const QString &description() const { return m_description; }
+  const char *what() const noexcept override { return "runtime error"; }
+
+private:
+  std::int32_t m_number;
+  QString m_description;
+};
+
+/// The exception being handled, as a RuntimeError: exhausted memory becomes 7, anything unknown 51.
+/// REQUIRES: called inside a catch block.
+RuntimeError currentError();
+
+} // namespace vnb

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "runtime/numbers.h"
+
+#include "runtime/error.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace vnb {
+namespace {
+
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+std::size_t skipDigits(std::string_view text, std::size_t at) {
+  while (at < text.size() && isDigit(text[at]))
+    ++at;
+  return at;
+}
+
+bool isSign(char c) {
+  return c == '+' || c == '-';
+}
+
+/// Length of the longest number that `text` begins with, 0 if it begins with none.
+std::size_t numberLength(std::string_view text) {
+  const std::size_t digits = !text.empty() && isSign(text[0]) ? 1 : 0;
+  std::size_t end = skipDigits(text, digits);
+  std::size_t count = end - digits;
+  if (end < text.size() && text[end] == '.') {
+    const std::size_t fraction = skipDigits(text, end + 1);
+    count += fraction - end - 1;
+    end = fraction;
+  }
+  if (count == 0)
+    return 0;
+  if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
+    const std::size_t sign = end + 1;
+    const std::size_t exponent = sign + (sign < text.size() && isSign(text[sign]) ? 1 : 0);
+    const std::size_t last = skipDigits(text, exponent);
+    if (last > exponent)
+      end = last;
+  }
+  return end;
+}
+
+/// Whether a number that doesn't fit a Double is too large, rather than too close to zero.
+bool isHuge(std::string_view number) {
+  const std::size_t e = std::min(number.find_first_of("eE"), number.size());
+  if (e < number.size() - 1 && number[e + 1] == '-')
+    return false;
+  if (e < number.size())
+    return true;
+  return number.substr(0, number.find('.')).find_first_of("123456789") != std::string_view::npos;
+}
+
+/// The value of a text that numberLength took whole.
+double valueOf(std::string_view number) {
+  const bool plus = number.front() == '+';
+  const bool minus = number.front() == '-';
+  const std::string_view digits = number.substr(plus || minus ? 1 : 0);
+  double value = 0;
+  if (std::from_chars(digits.data(), digits.data() + digits.size(), value).ec ==
+      std::errc::result_out_of_range)
+    value = isHuge(digits) ? std::numeric_limits<double>::infinity() : 0;
+  return minus ? -value : value;
+}
+
+std::string_view trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos)
+    return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// Hundredths from 0 to 1 as ready text: nearly every link end is one of them.
+class Hundredths {
+public:
+  Hundredths() {
+    for (std::size_t i = 0; i < m_texts.size(); ++i) {
+      Text &text = m_texts[i];
+      text.value = static_cast<double>(i) / 100;
+      text.length = static_cast<std::size_t>(
+          std::to_chars(text.bytes.data(), text.bytes.data() + text.bytes.size(), text.value).ptr -
+          text.bytes.data());
+    }
+  }
+
+  /// Writes `value` and returns the end, or returns nullptr if it isn't one of them.
+  char *write(char *out, double value) const {
+    if (!(value >= 0 && value <= 1))
+      return nullptr;
+    const Text &text = m_texts[static_cast<std::size_t>(value * 100 + 0.5)];
+    if (text.value != value)
+      return nullptr;
+    std::memcpy(out, text.bytes.data(), text.bytes.size());
+    return out + text.length;
+  }
+
+private:
+  struct Text {
+    double value = 0;
+    std::size_t length = 0;
+    std::array<char, 8> bytes{};
+  };
+  std::array<Text, 101> m_texts{};
+};
+
+const Hundredths hundredths;
+
+} // namespace
+
+double Val(QStringView text) {
+  const QByteArray bytes = text.toLatin1();
+  std::string_view rest(bytes.data(), static_cast<std::size_t>(bytes.size()));
+  rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
+  const std::size_t length = numberLength(rest);
+  return length == 0 ? 0 : valueOf(rest.substr(0, length));
+}
+
+std::int32_t roundToLong(double value) {
+  const double rounded = std::nearbyint(value);
+  if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+        rounded <= std::numeric_limits<std::int32_t>::max()))
+    throw RuntimeError(Fault::Overflow);
+  return static_cast<std::int32_t>(rounded);
+}
+
+double CDbl(std::string_view text) {
+  const std::string_view number = trimmed(text);
+  if (number.empty() || numberLength(number) != number.size())
+    throw RuntimeError(Fault::TypeMismatch);
+  const double value = valueOf(number);
+  if (std::isinf(value))
+    throw RuntimeError(Fault::Overflow);
+  return value;
+}
+
+std::int32_t CLng(std::string_view text) {
+  std::int32_t value = 0;
+  const char *end = text.data() + text.size();
+  const auto [stop, fault] = std::from_chars(text.data(), end, value);
+  if (fault == std::errc() && stop == end)
+    return value;
+  return roundToLong(CDbl(text));
+}
+
+char *writeDouble(char *out, double value) {
+  if (value == 0)
+    value = 0; // not "-0"
+  if (char *end = hundredths.write(out, value))
+    return end;
+  // The few values next to the largest Double would round up to a text that is out of range.
+  constexpr double largest = 1.79769313486231e308;
+  const double writable = std::clamp(value, -largest, largest);
+  return std::to_chars(out, out + numberRoom, writable, std::chars_format::general, 15).ptr;
+}
+
+QString doubleText(double value) {
+  std::array<char, numberRoom> text{};
+  return QString::fromLatin1(text.data(), writeDouble(text.data(), value) - text.data());
+}
+
+} // namespace vnb

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+/// What the tests share: scripted message boxes, a document as short text, files in a folder of
+/// their own.
+#pragma once
+
+#include "document/operations.h"
+#include "lanfile/lanfile.h"
+#include "runtime/messagebox.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <string>
+#include <vector>
+
+namespace vnb::test {
+
+/// Answers every message box: the scripted answers first, then No. A box that was not expected
+/// stays in `texts` for the test to find.
+class Boxes {
+public:
+  explicit Boxes(std::vector<Answer> answers = {});
+  ~Boxes();
+  Boxes(const Boxes &) = delete;
+  Boxes &operator=(const Boxes &) = delete;
+
+  /// "9 frmMain.OpenLANFile" for a standard error report, the text for any other box.
+  std::vector<std::string> texts;
+  std::vector<MessageBox> boxes;
+
+private:
+  std::vector<Answer> m_answers;
+};
+
+/// `count` times Yes.
+std::vector<Answer> yes(int count);
+
+/// The document in short: "header|systems|links|subnets|data", rows separated by ";".
+std::string dump();
+std::string dumpSystems();
+std::string dumpLinks();
+std::string dumpSubnets();
+std::string dumpData();
+
+/// A folder that goes with the object.
+class Folder {
+public:
+  QString path(const char *name) const { return m_dir.filePath(QString::fromUtf8(name)); }
+  /// Makes a file of these bytes and returns its path.
+  QString file(const QByteArray &bytes, const char *name = "lan.txt") const;
+  static QByteArray bytes(const QString &path);
+
+private:
+  QTemporaryDir m_dir;
+};
+
+/// `lines` with CR LF behind each.
+QByteArray crlf(const std::vector<QByteArray> &lines);
+
+/// A LAN file with these system rows behind the router's, and whatever follows them.
+QByteArray lanFile(const std::vector<QByteArray> &systemRows,
+                   const std::vector<QByteArray> &behind = {});
+
+QString sample(const char *name);
+
+} // namespace vnb::test
