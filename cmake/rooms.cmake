@@ -12,6 +12,7 @@ set(VNB_ROOT ${CMAKE_CURRENT_LIST_DIR}/.. CACHE INTERNAL "The root that includes
 # LIBS, and what they link, can be used from it.
 function(vnb_room name)
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  list(FILTER sources EXCLUDE REGEX /main[.]cpp$)
   add_library(vnb_${name} STATIC ${sources})
   target_include_directories(vnb_${name} PUBLIC ${VNB_ROOT})
   target_link_libraries(vnb_${name} PUBLIC ${ARGN} PRIVATE vnb_flags)

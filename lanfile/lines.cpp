@@ -2,15 +2,13 @@
 #include "lanfile/lines.h"
 
 #include "lanfile/lanfile.h"
+#include "runtime/numbers.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace vnb {
 namespace {
-
-bool isBlank(char c) {
-  return c == ' ' || c == '\t';
-}
 
 std::string_view trimmed(std::string_view line) {
   while (!line.empty() && isBlank(line.front()))
@@ -37,26 +35,38 @@ bool Lines::next() {
   return false;
 }
 
-void Fields::split(std::string_view line) {
-  m_line = line;
-  m_count = 0;
-  const char *at = line.data();
-  const char *const end = at + line.size();
-  while (at != end && m_count < m_tokens.size()) {
-    const char *const start = at;
-    while (at != end && !isBlank(*at))
-      ++at;
-    m_tokens[m_count++] = {start, static_cast<std::size_t>(at - start)};
-    while (at != end && isBlank(*at))
-      ++at;
-  }
+std::string_view Row::takeWord() {
+  if (m_rest.empty())
+    throw RuntimeError(Fault::SubscriptOutOfRange);
+  const char *const start = m_rest.data();
+  const char *stop = start;
+  while (!endsColumn(stop))
+    ++stop;
+  goOnAt(stop);
+  return {start, static_cast<std::size_t>(stop - start)};
 }
 
-std::string_view Fields::behind(std::size_t index) const {
-  if (index >= m_count)
-    return {};
-  const char *const start = m_tokens[index].data() + m_tokens[index].size();
-  return trimmed({start, static_cast<std::size_t>(m_line.data() + m_line.size() - start)});
+// Nearly every column is a plain number: it is read at once, without looking for the end of the
+// column first. Whatever doesn't end with its number is left to CLng and CDbl.
+std::int32_t Row::takeLong() {
+  std::int32_t value = 0;
+  const auto [stop, fault] = std::from_chars(m_rest.data(), end(), value);
+  if (fault != std::errc() || !endsColumn(stop))
+    return CLng(takeWord());
+  goOnAt(stop);
+  return value;
+}
+
+double Row::takeDouble() {
+  // A digit in front, since "inf" and "nan" are no numbers here.
+  if (m_rest.empty() || m_rest[0] < '0' || m_rest[0] > '9')
+    return CDbl(takeWord());
+  double value = 0;
+  const auto [stop, fault] = std::from_chars(m_rest.data(), end(), value);
+  if (fault != std::errc() || !endsColumn(stop))
+    return CDbl(takeWord());
+  goOnAt(stop);
+  return value;
 }
 
 std::string normalised(std::string_view line) {

@@ -7,11 +7,16 @@
 
 #include <QByteArray>
 
-#include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace vnb {
+
+/// Blanks and tabs alike keep columns apart.
+inline bool isBlank(char c) {
+  return c == ' ' || c == '\t';
+}
 
 /// `line` with single blanks for its runs of blanks and tabs, and none at its ends.
 std::string normalised(std::string_view line);
@@ -45,28 +50,36 @@ private:
   std::string_view m_current;
 };
 
-/// The tokens of a row, split at its blanks: the first eight, and the place of what follows.
-class Fields {
+/// The columns of a row, which stand apart by blanks, taken from left to right. Taking one more
+/// than the row has raises 9.
+class Row {
 public:
-  void clear() { m_count = 0; }
-
+  Row() = default;
   /// REQUIRES: `line` is trimmed.
-  void split(std::string_view line);
+  explicit Row(std::string_view line) : m_rest(line) {}
 
-  /// Token `index`. Raises 9 when the row has fewer.
-  std::string_view operator[](std::size_t index) const {
-    if (index >= m_count)
-      throw RuntimeError(Fault::SubscriptOutOfRange);
-    return m_tokens[index];
-  }
+  std::string_view takeWord();
 
-  /// All of the line behind token `index`, not normalised; empty when nothing follows.
-  std::string_view behind(std::size_t index) const;
+  /// The next column as by CLng or CDbl, which tell what else is raised. The column is taken then,
+  /// too.
+  std::int32_t takeLong();
+  double takeDouble();
+
+  /// All that has not been taken, as it stands in the line; empty when nothing is left.
+  std::string_view rest() const { return m_rest; }
 
 private:
-  std::array<std::string_view, 8> m_tokens;
-  std::size_t m_count = 0;
-  std::string_view m_line;
+  const char *end() const { return m_rest.data() + m_rest.size(); }
+  bool endsColumn(const char *at) const { return at == end() || isBlank(*at); }
+
+  /// Goes to the first column from `at` on.
+  void goOnAt(const char *at) {
+    while (at != end() && isBlank(*at))
+      ++at;
+    m_rest.remove_prefix(static_cast<std::size_t>(at - m_rest.data()));
+  }
+
+  std::string_view m_rest; // begins with the next column
 };
 
 } // namespace vnb

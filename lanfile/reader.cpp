@@ -103,13 +103,15 @@ private:
   /// The first system row places the router that ClearLAN has made; its other columns don't count.
   bool readRouter() {
     return m_report([&] {
-             m_fields.clear();
+             m_row = Row();
              nextLine();
-             m_fields.split(m_lines.current());
+             m_row = Row(m_lines.current());
            }) &&
            m_report([&] {
-             const std::int32_t lX = CLng(m_fields[2]);
-             const std::int32_t lY = CLng(m_fields[3]);
+             m_row.takeWord();
+             m_row.takeWord();
+             const std::int32_t lX = m_row.takeLong();
+             const std::int32_t lY = m_row.takeLong();
              Systems[0].lX = lX;
              Systems[0].lY = lY;
            }) &&
@@ -127,8 +129,8 @@ private:
       if (atEnd)
         return true;
       const bool goOn = m_report([&] {
-                          m_fields.clear();
-                          m_fields.split(m_lines.current());
+                          m_row = Row();
+                          m_row = Row(m_lines.current());
                         }) &&
                         m_report(takeRow) && m_report([&] { nextLine(); });
       if (!goOn || m_view.stopped())
@@ -148,37 +150,40 @@ private:
   }
 
   void takeSystem() {
-    const std::int32_t lType = TypeFromWord(m_fields[1]);
-    const std::int32_t lX = CLng(m_fields[2]);
-    const std::int32_t lY = CLng(m_fields[3]);
-    const std::int32_t lSecur = CLng(m_fields[4]);
-    const std::int32_t lData1 = CLng(m_fields[5]);
-    const std::int32_t lData2 = CLng(m_fields[6]);
-    const std::int32_t lData3 = CLng(m_fields[7]);
-    m_operations.AddSystem(lType, lX, lY, lSecur, lData1, lData2, lData3,
-                           textOf(m_fields.behind(7)));
+    m_row.takeWord();
+    const std::int32_t lType = TypeFromWord(m_row.takeWord());
+    const std::int32_t lX = m_row.takeLong();
+    const std::int32_t lY = m_row.takeLong();
+    const std::int32_t lSecur = m_row.takeLong();
+    const std::int32_t lData1 = m_row.takeLong();
+    const std::int32_t lData2 = m_row.takeLong();
+    const std::int32_t lData3 = m_row.takeLong();
+    m_operations.AddSystem(lType, lX, lY, lSecur, lData1, lData2, lData3, textOf(m_row.rest()));
   }
 
   void takeLink() {
-    const std::int32_t lFrom = CLng(m_fields[1]);
-    const double dFromX = CDbl(m_fields[2]);
-    const double dFromY = CDbl(m_fields[3]);
-    const std::int32_t lTo = CLng(m_fields[4]);
-    const double dToX = CDbl(m_fields[5]);
-    const double dToY = CDbl(m_fields[6]);
-    const std::int32_t lSecur = CLng(m_fields[7]);
+    m_row.takeWord();
+    const std::int32_t lFrom = m_row.takeLong();
+    const double dFromX = m_row.takeDouble();
+    const double dFromY = m_row.takeDouble();
+    const std::int32_t lTo = m_row.takeLong();
+    const double dToX = m_row.takeDouble();
+    const double dToY = m_row.takeDouble();
+    const std::int32_t lSecur = m_row.takeLong();
     m_operations.AddLink(lFrom, dFromX, dFromY, lTo, dToX, dToY, lSecur);
   }
 
   void takeSubnet() {
-    const std::int32_t lFor = CLng(m_fields[1]);
-    const std::int32_t lFrom = CLng(m_fields[2]);
+    m_row.takeWord();
+    const std::int32_t lFor = m_row.takeLong();
+    const std::int32_t lFrom = m_row.takeLong();
     m_operations.AddSubnet(lFor, lFrom);
   }
 
   void takeData() {
-    const std::int32_t lNum = CLng(m_fields[1]);
-    m_operations.AddData(lNum, textOf(m_fields.behind(1)));
+    m_row.takeWord();
+    const std::int32_t lNum = m_row.takeLong();
+    m_operations.AddData(lNum, textOf(m_row.rest()));
   }
 
   static QString textOf(std::string_view raw) {
@@ -195,7 +200,7 @@ private:
   const bool m_bTakeYourTime;
   const Report m_report{"frmMain", "OpenLANFile"};
   Lines m_lines;
-  Fields m_fields;
+  Row m_row;
 };
 
 } // namespace

@@ -29,9 +29,11 @@ constexpr std::array descriptions{
     Description{Fault::PermissionDenied, "Permission denied"},
     Description{Fault::PathFileAccess, "Path/File access error"},
     Description{Fault::PathNotFound, "Path not found"},
+    Description{Fault::ResourceNotFound, "Resource with this name not found"},
     Description{Fault::ControlArrayElement, "Control array element doesn't exist"},
     Description{Fault::ObjectAlreadyLoaded, "Object already loaded"},
     Description{Fault::CannotUnload, "Controls created at design time can't be unloaded"},
+    Description{Fault::InvalidPicture, "Invalid picture"},
 };
 
 QString describe(Fault fault) {

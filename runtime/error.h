@@ -26,9 +26,11 @@ enum class Fault : std::int32_t {
   PermissionDenied = 70,
   PathFileAccess = 75,
   PathNotFound = 76,
+  ResourceNotFound = 326,
   ControlArrayElement = 340,
   ObjectAlreadyLoaded = 360,
   CannotUnload = 362,
+  InvalidPicture = 481,
 };
 
 /// A failure with its number and a description for the user.

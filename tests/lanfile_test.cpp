@@ -328,12 +328,17 @@ TEST_F(LanFile, EveryByteValueAndALongLineComeBack) {
 TEST_F(LanFile, TakingItsTimeYieldsAndTellsTheViewInOrder) {
   struct Told : ReaderView {
     void headerRead(HeaderField field) override {
-      told += "h" + std::to_string(static_cast<int>(field));
+      told += 'h';
+      told += std::to_string(static_cast<int>(field));
       EXPECT_TRUE(LoadingFile);
     }
-    void routerMoved() override { told += "r" + std::to_string(Systems[0].lX); }
+    void routerMoved() override {
+      told += 'r';
+      told += std::to_string(Systems[0].lX);
+    }
     void populateLockBoxes() override {
-      told += "l" + std::to_string(UBound(Systems)) + std::to_string(UBound(Links));
+      told += 'l';
+      told += std::to_string(UBound(Systems)) + std::to_string(UBound(Links));
     }
     void yield() override { ++yields; }
     bool stopped() const override { return stop; }

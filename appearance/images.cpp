@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "appearance/images.h"
+
+#include "forms/pictures.h"
+#include "runtime/error.h"
+
+#include <array>
+
+namespace vnb {
+
+namespace {
+
+/// Made at first use: there is no picture before the application object.
+QPixmap &image(std::int32_t lType) {
+  static std::array<QPixmap, SystemType::Last + 1> images;
+  return images[static_cast<std::size_t>(lType)];
+}
+
+QStringList fields(const QString &files, qsizetype due, const char *description) {
+  QStringList result = files.split(u'|');
+  if (result.size() != due)
+    throw RuntimeError(ownError, QString::fromLatin1(description));
+  return result;
+}
+
+/// The built-in bitmap is loaded in every case: a missing one must not go unnoticed.
+QPixmap pictureOr(const QString &file, const QString &builtIn) {
+  QPixmap standIn = LoadResPicture(builtIn);
+  return file.isEmpty() ? standIn : LoadPicture(file);
+}
+
+} // namespace
+
+const QPixmap &DeviceImages(std::int32_t lType) {
+  if (lType < 0 || lType > SystemType::Last)
+    throw RuntimeError(Fault::SubscriptOutOfRange);
+  return image(lType);
+}
+
+void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files) {
+  const QStringList paths = fields(files, 3, "Incorrect paramaters to LoadButtonImages!");
+  set.Off = pictureOr(paths[0], button.Tag());
+  set.Over = pictureOr(paths[1], button.Tag() + QStringLiteral("_H"));
+  set.Down = pictureOr(paths[2], button.Tag() + QStringLiteral("_C"));
+  DoImage(button, set, true);
+}
+
+void LoadDeviceImages(const QString &files) {
+  const QStringList paths =
+      fields(files, SystemType::Last, "Incorrect paramaters to LoadDeviceImages!");
+  for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType)
+    image(lType) = pictureOr(paths[lType - 1], ResIDFromType(lType));
+}
+
+void DoImage(PictureButton &button, const ButtonImageSet &set, bool up) {
+  button.setPicture(up ? set.Off : set.Down);
+}
+
+} // namespace vnb

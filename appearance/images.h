@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+/// The pictures of buttons and devices: read once for each theme and shared by all who show them.
+#pragma once
+
+#include "document/systemtype.h"
+#include "forms/picturebutton.h"
+
+#include <QPixmap>
+#include <QString>
+
+namespace vnb {
+
+/// The three pictures of a button.
+struct ButtonImageSet {
+  QPixmap Off;  // at rest
+  QPixmap Over; // kept, but shown nowhere
+  QPixmap Down; // while pressed
+};
+
+/// Picture of a device type; that of type 0 is empty for good, the others until the first load.
+/// Raises 9 for a code above 16 or below 0.
+const QPixmap &DeviceImages(std::int32_t lType);
+
+/// Number of the errors that this program raises with descriptions of its own.
+inline constexpr auto ownError = static_cast<std::int32_t>(0x80040155);
+
+/// Fills `set` from `files`, the paths of Off, Over and Down with "|" between them, and shows Off
+/// on `button`; the built-in bitmaps named by the button's Tag stand in for empty paths. Raises
+/// ownError unless there are three fields, and what LoadPicture raises.
+void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files);
+
+/// Fills DeviceImages 1 to 16 from sixteen paths in the same form. Stops at the first picture that
+/// can't be loaded; those of lower types are then done.
+void LoadDeviceImages(const QString &files);
+
+/// Shows Off if `up`, Down otherwise.
+void DoImage(PictureButton &button, const ButtonImageSet &set, bool up);
+
+} // namespace vnb

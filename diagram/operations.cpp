@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "diagram/operations.h"
+
+#include "appearance/images.h"
+#include "runtime/report.h"
+
+#include <algorithm>
+
+namespace vnb {
+namespace {
+
+SystemRec &system(std::int32_t lIndex) {
+  return Systems[static_cast<std::size_t>(lIndex)];
+}
+LinkRec &link(std::int32_t lIndex) {
+  return Links[static_cast<std::size_t>(lIndex)];
+}
+
+float endX(const Sprite &sprite, double fraction) {
+  return toSingle(sprite.Left + sprite.Width * fraction);
+}
+
+float endY(const Sprite &sprite, double fraction) {
+  return toSingle(sprite.Top + sprite.Height * fraction);
+}
+
+} // namespace
+
+void DiagramOperations::ClearLAN() {
+  DocumentOperations::ClearLAN();
+  reported("frmMain", "ClearLAN", [this] {
+    m_gaveUp = false;
+    m_surface.picSystem.unloadAll();
+    m_surface.lneLink.unloadAll();
+    m_surface.lneLink(0).Visible = false;
+    m_surface.lneLink(0).BorderColor = LinkColor;
+    Sprite &router = m_surface.picSystem(0);
+    router.Left = 0;
+    router.Top = 0;
+    router.layer = {};
+    m_surface.update();
+  });
+}
+
+void DiagramOperations::loadSprite() {
+  Sprite &sprite = m_surface.picSystem.Load(m_surface.picSystem.UBound() + 1);
+  sprite.layer = {};
+}
+
+void DiagramOperations::place(std::int32_t lIndex) {
+  const SystemRec &record = system(lIndex);
+  Sprite &sprite = m_surface.picSystem(lIndex);
+  m_surface.touch(sprite);
+  sprite.Left = record.lX;
+  sprite.Top = record.lY;
+  sprite.lType = record.lType;
+  sprite.setPicture(DeviceImages(record.lType));
+  m_surface.touch(sprite);
+}
+
+void DiagramOperations::AddSystem(std::int32_t lType, std::int32_t lX, std::int32_t lY,
+                                  std::int32_t lSecur, std::int32_t lData1, std::int32_t lData2,
+                                  std::int32_t lData3, const QString &sDataX) {
+  DocumentOperations::AddSystem(lType, lX, lY, lSecur, lData1, lData2, lData3, sDataX);
+  const std::int32_t lIndex = UBound(Systems);
+  if (!reported("frmMain", "AddSystem", [this] { loadSprite(); }))
+    m_gaveUp = true;
+  if (m_surface.picSystem.UBound() != lIndex)
+    return;
+  reported(
+      "frmMain", "AddSystem", [&] { place(lIndex); },
+      [&] { m_surface.picSystem(lIndex).Visible = true; },
+      [&] {
+        // While a file is read, the reader refills them once, behind its last system.
+        if (lType == SystemType::Lock && !LoadingFile && PopulateLockBoxes)
+          PopulateLockBoxes();
+      });
+}
+
+void DiagramOperations::AddLink(std::int32_t lFrom, double lFromX, double lFromY, std::int32_t lTo,
+                                double lToX, double lToY, std::int32_t lSecur) {
+  DocumentOperations::AddLink(lFrom, lFromX, lFromY, lTo, lToX, lToY, lSecur);
+  const std::int32_t lIndex = UBound(Links);
+  if (!reported("frmMain", "AddLink", [&] { m_surface.lneLink.Load(lIndex); }))
+    m_gaveUp = true;
+  if (m_surface.lneLink.UBound() != lIndex)
+    return;
+  Line &line = m_surface.lneLink(lIndex);
+  const ControlArray<Sprite> &picSystem = m_surface.picSystem;
+  reported(
+      "frmMain", "AddLink", [&] { line.X1 = endX(picSystem(lFrom), lFromX); },
+      [&] { line.X2 = endX(picSystem(lTo), lToX); },
+      [&] { line.Y1 = endY(picSystem(lFrom), lFromY); },
+      [&] { line.Y2 = endY(picSystem(lTo), lToY); },
+      [&] {
+        line.Visible = true;
+        m_surface.touch(line);
+      });
+}
+
+/// One statement a coordinate, so that the other one is still set after a fault. False when the
+/// user leaves.
+bool DiagramOperations::layFirstEnd(const Report &report, Line &line, const LinkRec &record) const {
+  const ControlArray<Sprite> &picSystem = m_surface.picSystem;
+  return report([&] { line.X1 = endX(picSystem(record.lFrom), record.dFromX); }) &&
+         report([&] { line.Y1 = endY(picSystem(record.lFrom), record.dFromY); });
+}
+
+bool DiagramOperations::laySecondEnd(const Report &report, Line &line,
+                                     const LinkRec &record) const {
+  const ControlArray<Sprite> &picSystem = m_surface.picSystem;
+  return report([&] { line.X2 = endX(picSystem(record.lTo), record.dToX); }) &&
+         report([&] { line.Y2 = endY(picSystem(record.lTo), record.dToY); });
+}
+
+void DiagramOperations::RefreshLinks(std::int32_t lIndex) {
+  const Report report("frmMain", "RefreshLinks");
+  const std::vector<std::int32_t> links = RetrieveLinks(lIndex);
+  for (std::size_t i = 1; i < links.size(); ++i) {
+    if (links[i] > m_surface.lneLink.UBound())
+      return;
+    Line &line = m_surface.lneLink(links[i]);
+    const LinkRec &record = link(links[i]);
+    m_surface.touch(line);
+    const bool goOn = record.lFrom == lIndex ? layFirstEnd(report, line, record)
+                                             : laySecondEnd(report, line, record);
+    if (!goOn)
+      return;
+    line.Visible = true;
+    m_surface.touch(line);
+  }
+}
+
+/// Every line is laid once from its record; those without a record go, also when the user leaves.
+void DiagramOperations::layAllLines(const Report &report) {
+  ControlArray<Line> &lneLink = m_surface.lneLink;
+  while (lneLink.UBound() > UBound(Links))
+    lneLink.Unload(lneLink.UBound());
+  m_surface.update();
+  for (std::int32_t i = 0; i <= lneLink.UBound(); ++i) {
+    if (!layFirstEnd(report, lneLink(i), link(i)) || !laySecondEnd(report, lneLink(i), link(i)))
+      return;
+    lneLink(i).Visible = i > 0;
+  }
+}
+
+void DiagramOperations::RemoveLink(std::int32_t lIndex, bool bSuppressReorder) {
+  DocumentOperations::RemoveLink(lIndex, bSuppressReorder);
+  if (!bSuppressReorder)
+    layAllLines(Report("frmMain", "RemoveLink"));
+}
+
+void DiagramOperations::RemoveSystem(std::int32_t lIndex) {
+  DocumentOperations::RemoveSystem(lIndex);
+  ControlArray<Sprite> &picSystem = m_surface.picSystem;
+  while (picSystem.UBound() > UBound(Systems))
+    picSystem.Unload(picSystem.UBound());
+  m_surface.update();
+  const Report report("frmMain", "RemoveSystem");
+  for (std::int32_t i = std::max(lIndex, 0); i <= picSystem.UBound(); ++i)
+    if (!report([&] { place(i); }))
+      return;
+  layAllLines(report);
+}
+
+void DiagramOperations::moveRouter() {
+  Sprite &router = m_surface.picSystem(0);
+  m_surface.touch(router);
+  router.Left = system(0).lX;
+  router.Top = system(0).lY;
+  m_surface.touch(router);
+}
+
+} // namespace vnb

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+/// The document operations with their view side: sprites and lines follow the records.
+#pragma once
+
+#include "diagram/surface.h"
+#include "lanfile/lanfile.h"
+#include "runtime/report.h"
+
+#include <functional>
+
+namespace vnb {
+
+class DiagramOperations : public DocumentOperations {
+public:
+  explicit DiagramOperations(Surface &surface) : m_surface(surface) {}
+
+  void ClearLAN() override;
+  /// Past the last number that a sprite can have, reports 6; the record stands.
+  void AddSystem(std::int32_t lType, std::int32_t lX, std::int32_t lY, std::int32_t lSecur,
+                 std::int32_t lData1, std::int32_t lData2, std::int32_t lData3,
+                 const QString &sDataX) override;
+  /// Reports 340 once for each coordinate whose sprite doesn't exist; the record stands.
+  void AddLink(std::int32_t lFrom, double lFromX, double lFromY, std::int32_t lTo, double lToX,
+               double lToY, std::int32_t lSecur) override;
+  void RemoveSystem(std::int32_t lIndex) override;
+  void RemoveLink(std::int32_t lIndex, bool bSuppressReorder) override;
+
+  /// Brings the line ends at device `lIndex` up to date and shows those lines.
+  void RefreshLinks(std::int32_t lIndex);
+
+  /// Moves sprite 0 to the place that the reader has stored.
+  void moveRouter();
+
+  /// Whether the user has answered No to a sprite or line that can't be loaded: a file of too many
+  /// rows would otherwise ask thousands of times.
+  bool gaveUp() const { return m_gaveUp; }
+
+  /// Refills the lock boxes of the device panel. Called when a lock is added by hand.
+  std::function<void()> PopulateLockBoxes;
+
+private:
+  void loadSprite();
+  void place(std::int32_t lIndex);
+  bool layFirstEnd(const Report &report, Line &line, const LinkRec &record) const;
+  bool laySecondEnd(const Report &report, Line &line, const LinkRec &record) const;
+  void layAllLines(const Report &report);
+
+  Surface &m_surface;
+  bool m_gaveUp = false;
+};
+
+/// The reader's view on a diagram.
+class DiagramReaderView : public ReaderView {
+public:
+  explicit DiagramReaderView(DiagramOperations &operations) : m_operations(operations) {}
+
+  void routerMoved() override { m_operations.moveRouter(); }
+  bool stopped() const override { return m_operations.gaveUp(); }
+
+private:
+  DiagramOperations &m_operations;
+};
+
+} // namespace vnb

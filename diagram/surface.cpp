@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "diagram/surface.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <vector>
+
+namespace vnb {
+namespace {
+
+/// What a sprite without a picture shows, so that a device of an unknown type can be seen.
+constexpr QRgb blankSprite = 0xFF404040;
+
+/// Lines of one colour, painted in one go.
+class LineBatch {
+public:
+  explicit LineBatch(QPainter &painter) : m_painter(painter) {}
+
+  void add(const QLineF &line, Colour colour) {
+    if (colour != m_colour)
+      flush();
+    m_colour = colour;
+    m_lines.push_back(line);
+  }
+
+  void flush() {
+    m_painter.setPen(QPen(toQColor(m_colour), lineWidth));
+    m_painter.drawLines(m_lines.data(), static_cast<int>(m_lines.size()));
+    m_lines.clear();
+  }
+
+private:
+  QPainter &m_painter;
+  Colour m_colour = 0;
+  std::vector<QLineF> m_lines;
+};
+
+void paintLayer(QPainter &painter, const QRect &area, const SpriteLayer &layer) {
+  if (layer.frameWidth == 0)
+    return;
+  QPen pen(toQColor(layer.colour), layer.frameWidth, layer.dotted ? Qt::DotLine : Qt::SolidLine);
+  pen.setJoinStyle(Qt::MiterJoin);
+  painter.setPen(pen);
+  painter.drawRect(QRect(area.left() + 1, area.top() + 1, area.width() - 2, area.height() - 2));
+  if (layer.number >= 0)
+    painter.drawText(area, Qt::AlignCenter, QString::number(layer.number));
+}
+
+void paintSprite(QPainter &painter, const Sprite &sprite) {
+  const QRect area(sprite.Left, sprite.Top, sprite.Width, sprite.Height);
+  if (sprite.Picture.isNull()) {
+    painter.fillRect(area, QColor::fromRgb(blankSprite));
+  } else {
+    // Lines never show through a picture with clear parts.
+    if (sprite.Picture.hasAlphaChannel())
+      painter.fillRect(area, Qt::black);
+    painter.drawPixmap(area.topLeft(), sprite.Picture);
+  }
+  paintLayer(painter, area, sprite.layer);
+}
+
+} // namespace
+
+Surface::Surface(QWidget *parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("picLayout"));
+  resize(size, size);
+  // Opaque, so that scrolling moves pixels instead of painting them anew.
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setMouseTracking(true);
+}
+
+void Surface::setBackColor(Colour colour) {
+  m_backColor = colour;
+  Cls();
+}
+
+void Surface::Cls() {
+  m_grid = {};
+  update();
+}
+
+void Surface::DrawGrid(const std::function<void()> &yield) {
+  if (GridRes <= 0)
+    return;
+  m_grid = {.distance = GridRes, .colour = GridColor};
+  update();
+  if (yield)
+    for (int i = 0; i <= size; i += GridRes)
+      yield();
+}
+
+std::int32_t Surface::spriteAt(QPoint point) const {
+  for (std::int32_t i = picSystem.UBound(); i >= 0; --i)
+    if (picSystem(i).Visible && picSystem(i).contains(point))
+      return i;
+  return -1;
+}
+
+void Surface::touch(const QRect &area) {
+  // Past some number of areas one repaint of all is cheaper than keeping them apart.
+  constexpr int many = 64;
+  if (area.isEmpty() || m_touches > many)
+    return;
+  if (++m_touches > many)
+    update();
+  else
+    update(area);
+}
+
+void Surface::paintEvent(QPaintEvent *event) {
+  m_touches = 0;
+  QPainter painter(this);
+  paint(painter, event->rect());
+}
+
+void Surface::paint(QPainter &painter, const QRect &area) const {
+  painter.fillRect(area, toQColor(m_backColor));
+  paintGrid(painter, area);
+  paintLines(painter, area);
+  paintSprites(painter, area);
+}
+
+void Surface::paintGrid(QPainter &painter, const QRect &area) const {
+  if (m_grid.distance == 0)
+    return;
+  const QColor colour = toQColor(m_grid.colour);
+  const auto firstFrom = [this](int start) {
+    return (std::max(start, 0) + m_grid.distance - 1) / m_grid.distance * m_grid.distance;
+  };
+  for (int y = firstFrom(area.top()); y <= area.bottom(); y += m_grid.distance)
+    painter.fillRect(area.left(), y, area.width(), 1, colour);
+  for (int x = firstFrom(area.left()); x <= area.right(); x += m_grid.distance)
+    painter.fillRect(x, area.top(), 1, area.height(), colour);
+}
+
+void Surface::paintLines(QPainter &painter, const QRect &area) const {
+  painter.setRenderHint(QPainter::Antialiasing);
+  LineBatch batch(painter);
+  for (const Line &line : lneLink)
+    if (line.Visible)
+      if (const auto part = line.clipped(area))
+        batch.add(*part, line.BorderColor);
+  batch.flush();
+  if (lneXOR.Visible) {
+    painter.setCompositionMode(QPainter::RasterOp_NotSourceXorDestination);
+    if (const auto part = lneXOR.clipped(area))
+      batch.add(*part, lneXOR.BorderColor);
+    batch.flush();
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+  }
+  painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+void Surface::paintSprites(QPainter &painter, const QRect &area) const {
+  for (const Sprite &sprite : picSystem)
+    if (sprite.Visible && sprite.overlaps(area))
+      paintSprite(painter, sprite);
+}
+
+} // namespace vnb

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+/// The layout surface: the square on which the network is drawn.
+#pragma once
+
+#include "diagram/line.h"
+#include "diagram/sprite.h"
+#include "runtime/controlarray.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace vnb {
+
+/// `picLayout`: 2500 by 2500 pixels, one widget that paints plain arrays. Painted from the bottom
+/// up: background with the grid, lines, the rubber band, sprites; among sprites a higher number
+/// lies above a lower one.
+class Surface : public QWidget {
+public:
+  static constexpr int size = 2500;
+
+  explicit Surface(QWidget *parent);
+
+  /// Element i shows Systems(i); element 0 stands from the start.
+  ControlArray<Sprite> picSystem;
+  /// Element i shows Links(i); element 0 is the template and never shown.
+  ControlArray<Line> lneLink;
+  /// The rubber band; its pen inverts: each pixel becomes the inverse of pen xor screen.
+  Line lneXOR;
+
+  /// Sets the background, which wipes the grid.
+  void setBackColor(Colour colour);
+  /// Wipes the grid.
+  void Cls();
+  /// Draws the grid, GridRes apart in GridColor, on the persistent layer. `yield` is called for
+  /// each step. Draws nothing at a distance of 0 or below.
+  void DrawGrid(const std::function<void()> &yield = {});
+
+  /// Number of the topmost sprite at `point`, -1 if there is none.
+  std::int32_t spriteAt(QPoint point) const;
+
+  /// Repaint what a sprite or line covers. To be called before and after a change.
+  void touch(const Sprite &sprite) { touch(sprite.within(rect())); }
+  void touch(const Line &line) { touch(line.within(rect())); }
+
+  /// Paints `area` of the surface.
+  void paint(QPainter &painter, const QRect &area) const;
+
+protected:
+  void paintEvent(QPaintEvent *event) override;
+
+private:
+  /// The drawn grid: what there is of the persistent layer.
+  struct Grid {
+    std::int32_t distance = 0; // 0 for a wiped layer
+    Colour colour = 0;
+  };
+
+  void touch(const QRect &area);
+  void paintGrid(QPainter &painter, const QRect &area) const;
+  void paintLines(QPainter &painter, const QRect &area) const;
+  void paintSprites(QPainter &painter, const QRect &area) const;
+
+  Colour m_backColor = 0;
+  Grid m_grid;
+  int m_touches = 0; // since the last repaint
+};
+
+} // namespace vnb

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "diagram/viewport.h"
+
+#include <algorithm>
+
+namespace vnb {
+namespace {
+
+constexpr Colour containerColour = 0x404040;
+
+/// Distance that the bar can scroll. Where the viewport is larger than the surface there is none,
+/// and the surface still starts at 0.
+void setMaximum(QScrollBar &bar, int maximum) {
+  bar.setRange(0, std::max(maximum, 0));
+}
+
+} // namespace
+
+Viewport::Viewport(QWidget &form)
+    : m_picContainer(new QWidget(&form)), m_picLayout(new Surface(m_picContainer)),
+      m_hsbScroll(bar(form, Qt::Horizontal, "hsbScroll")),
+      m_vsbScroll(bar(form, Qt::Vertical, "vsbScroll")) {
+  m_picContainer->setObjectName(QStringLiteral("picContainer"));
+  m_picContainer->setAutoFillBackground(true);
+  m_picContainer->setPalette(QPalette(toQColor(containerColour)));
+  QObject::connect(m_hsbScroll, &QScrollBar::valueChanged, m_picLayout,
+                   [this](int value) { m_picLayout->move(-value, m_picLayout->y()); });
+  QObject::connect(m_vsbScroll, &QScrollBar::valueChanged, m_picLayout,
+                   [this](int value) { m_picLayout->move(m_picLayout->x(), -value); });
+}
+
+QScrollBar *Viewport::bar(QWidget &form, Qt::Orientation orientation, const char *name) {
+  auto *result = new QScrollBar(orientation, &form);
+  result->setObjectName(QString::fromLatin1(name));
+  result->setSingleStep(1);
+  result->setPageStep(100);
+  setMaximum(*result, Surface::size);
+  return result;
+}
+
+void Viewport::layOut(QSize form, int toolbarHeight) {
+  const int height = form.height() - toolbarHeight - barWidth;
+  const int width = form.width() - barWidth;
+  if (height <= 0 || width <= 0)
+    return;
+  m_picContainer->setGeometry(0, toolbarHeight, width, height);
+  m_vsbScroll->setGeometry(width, toolbarHeight, barWidth, height);
+  setMaximum(*m_vsbScroll, Surface::size - height);
+  m_hsbScroll->setGeometry(0, toolbarHeight + height, width, barWidth);
+  setMaximum(*m_hsbScroll, Surface::size - width);
+}
+
+void Viewport::scrollBy(QPoint distance) {
+  m_hsbScroll->setValue(m_hsbScroll->value() + distance.x());
+  m_vsbScroll->setValue(m_vsbScroll->value() + distance.y());
+}
+
+} // namespace vnb

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+/// The viewport: the window's view of the surface, with its scroll bars.
+#pragma once
+
+#include "diagram/surface.h"
+
+#include <QScrollBar>
+
+namespace vnb {
+
+/// Owns `picContainer` with the surface in it, `hsbScroll` and `vsbScroll`, all children of a form.
+/// The square between the bars is left as bare form. All lengths are pixels.
+class Viewport {
+public:
+  static constexpr int barWidth = 16;
+
+  explicit Viewport(QWidget &form);
+
+  Surface &picLayout() { return *m_picLayout; }
+  QScrollBar &hsbScroll() { return *m_hsbScroll; }
+  QScrollBar &vsbScroll() { return *m_vsbScroll; }
+
+  /// Lays itself out below a toolbar. Sizes that leave no room are left alone.
+  void layOut(QSize form, int toolbarHeight);
+
+  /// Scrolls by so many pixels.
+  void scrollBy(QPoint distance);
+
+private:
+  QScrollBar *bar(QWidget &form, Qt::Orientation orientation, const char *name);
+
+  // Children of the form, which deletes them.
+  QWidget *m_picContainer;
+  Surface *m_picLayout;
+  QScrollBar *m_hsbScroll;
+  QScrollBar *m_vsbScroll;
+};
+
+} // namespace vnb

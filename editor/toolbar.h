@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+/// The toolbar: picture buttons from one table, and the status line.
+#pragma once
+
+#include "appearance/globals.h"
+#include "appearance/images.h"
+
+#include <QKeySequence>
+#include <QLabel>
+#include <QWidget>
+
+#include <array>
+#include <functional>
+#include <span>
+#include <string_view>
+
+namespace vnb {
+
+/// One button: the row says all that there is to know of it. Its action runs by a click on it and
+/// by its shortcut.
+struct ToolbarButton {
+  const char *name;    // object name
+  const char *tag;     // base name of its built-in bitmaps
+  const char *toolTip; // its title and, in parentheses, its shortcut
+  int left;            // pixels
+  Qt::KeyboardModifier modifier;
+  Qt::Key key;
+};
+
+/// The eleven buttons from left to right.
+std::span<const ToolbarButton> toolbarButtons();
+
+/// `picToolbar`, docked to the top of the main window.
+class Toolbar : public QWidget {
+public:
+  static constexpr int height = 29;
+
+  /// `click` runs the action of the button with that number.
+  Toolbar(QWidget *parent, std::function<void(std::size_t)> click);
+
+  void setStatus(const QString &text);
+  /// Gives button `index` its pictures: three paths as LoadButtonImages takes them.
+  void loadImages(std::size_t index, const QString &files);
+
+protected:
+  void paintEvent(QPaintEvent *event) override;
+  void mouseMoveEvent(QMouseEvent *event) override;
+
+private:
+  void addButton(std::size_t index);
+
+  std::function<void(std::size_t)> m_click;
+  std::vector<PictureButton *> m_buttons;
+  std::vector<ButtonImageSet> m_images;
+  QLabel *m_lblStatus;
+};
+
+} // namespace vnb

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "forms/dialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+namespace vnb {
+namespace {
+
+QMessageBox::Icon icon(MessageBox::Icon icon) {
+  switch (icon) {
+  case MessageBox::Icon::Critical:
+    return QMessageBox::Critical;
+  case MessageBox::Icon::Question:
+    return QMessageBox::Question;
+  case MessageBox::Icon::Exclamation:
+    return QMessageBox::Warning;
+  }
+  return QMessageBox::NoIcon;
+}
+
+std::optional<QString> showQtFileDialog(const FileDialog &request) {
+  QFileDialog dialog(request.owner, request.title, request.folder);
+  dialog.setAcceptMode(request.kind == FileDialog::Kind::Save ? QFileDialog::AcceptSave
+                                                              : QFileDialog::AcceptOpen);
+  dialog.setFileMode(request.kind == FileDialog::Kind::Save ? QFileDialog::AnyFile
+                                                            : QFileDialog::ExistingFile);
+  // The descriptions already say what they have to.
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
+  const QStringList filters = toQtFilter(request.filter).split(QStringLiteral(";;"));
+  dialog.setNameFilters(filters);
+  dialog.selectNameFilter(filters.value(std::max(request.filterIndex, 1) - 1));
+  if (!request.fileName.isEmpty()) {
+    const QFileInfo file(request.fileName);
+    if (file.absoluteDir().exists())
+      dialog.setDirectory(file.absoluteDir());
+    dialog.selectFile(file.fileName());
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    return std::nullopt;
+  return dialog.selectedFiles().constFirst();
+}
+
+} // namespace
+
+Answer showMessageWindow(const MessageBox &box) {
+  const bool ask = box.buttons == MessageBox::Buttons::YesNo;
+  QMessageBox window(icon(box.icon), box.title, box.text,
+                     ask ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
+                     QApplication::activeWindow());
+  // Error descriptions and device texts are not HTML.
+  window.setTextFormat(Qt::PlainText);
+  const int button = window.exec();
+  if (!ask)
+    return Answer::Ok;
+  return button == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+std::function<std::optional<QString>(const FileDialog &)> showFileDialog = showQtFileDialog;
+
+QString toQtFilter(const QString &filter) {
+  const QStringList parts = filter.split(u'|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString pattern = parts[i + 1] == u"*.*" ? QStringLiteral("*") : parts[i + 1];
+    filters << parts[i] + QStringLiteral(" (") + pattern + u')';
+  }
+  return filters.join(QStringLiteral(";;"));
+}
+
+} // namespace vnb

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+/// The desktop's own boxes and dialogs, each behind one replaceable function, so that tests script
+/// the answers and never block.
+#pragma once
+
+#include "runtime/messagebox.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+class QWidget;
+
+namespace vnb {
+
+/// Shows a message box over the active window. `main` puts it into showMessageBox.
+Answer showMessageWindow(const MessageBox &box);
+
+/// What a file dialog is asked to show.
+struct FileDialog {
+  enum class Kind : std::uint8_t { Open, Save };
+
+  Kind kind = Kind::Open;
+  QWidget *owner = nullptr;
+  QString title = {};
+  /// Pairs of description and pattern, all separated by the bar character.
+  QString filter = {};
+  /// Counted from 1; 0 stands for the first.
+  int filterIndex = 0;
+  QString folder = {};
+  /// The path filled in at first; empty for none.
+  QString fileName = {};
+  bool askBeforeOverwriting = false;
+};
+
+/// The chosen path, or nothing when the user cancels.
+extern std::function<std::optional<QString>(const FileDialog &)> showFileDialog;
+
+/// A bar-separated filter in the form that Qt takes. "*.*" becomes "*": Qt's own dialog would
+/// otherwise hide names without a dot.
+QString toQtFilter(const QString &filter);
+
+} // namespace vnb

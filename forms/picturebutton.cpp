@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "forms/picturebutton.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace vnb {
+namespace {
+
+void fire(const std::function<void()> &handler) {
+  if (handler)
+    handler();
+}
+
+} // namespace
+
+PictureButton::PictureButton(QWidget *parent, const QString &tag) : QWidget(parent), m_tag(tag) {
+  setMouseTracking(true);
+}
+
+void PictureButton::setPicture(const QPixmap &picture) {
+  m_picture = picture;
+  update();
+}
+
+QSize PictureButton::sizeHint() const {
+  return m_picture.deviceIndependentSize().toSize();
+}
+
+void PictureButton::paintEvent(QPaintEvent * /*event*/) {
+  QPainter(this).drawPixmap(0, 0, m_picture);
+}
+
+void PictureButton::mousePressEvent(QMouseEvent * /*event*/) {
+  fire(MouseDown);
+}
+
+// A quick second press is a press like the first.
+void PictureButton::mouseDoubleClickEvent(QMouseEvent * /*event*/) {
+  fire(MouseDown);
+}
+
+void PictureButton::mouseReleaseEvent(QMouseEvent *event) {
+  const bool inside = rect().contains(event->position().toPoint());
+  fire(MouseUp);
+  if (inside)
+    fire(Click);
+}
+
+void PictureButton::mouseMoveEvent(QMouseEvent * /*event*/) {
+  fire(MouseMove);
+}
+
+} // namespace vnb

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "shell/cdlgex.h"
+
+#include "forms/dialogs.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace vnb {
+
+CdlgEx Cdlg;
+
+bool CdlgEx::ShowOpen() {
+  return run({.kind = FileDialog::Kind::Open});
+}
+
+bool CdlgEx::ShowSave() {
+  return run(
+      {.kind = FileDialog::Kind::Save, .askBeforeOverwriting = (flags & OverwritePrompt) != 0});
+}
+
+bool CdlgEx::run(const FileDialog &dialog) {
+  FileDialog request = dialog;
+  request.owner = hOwner;
+  request.title = DialogTitle;
+  request.filter = Filter;
+  request.filterIndex = FilterIndex;
+  request.folder = InitDir.isEmpty() ? QCoreApplication::applicationDirPath() : InitDir;
+  request.fileName = FileName;
+  const std::optional<QString> chosen = showFileDialog(request);
+  if (!chosen)
+    return false;
+  FileName = *chosen;
+  FileTitle = QFileInfo(FileName).fileName();
+  return true;
+}
+
+} // namespace vnb

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+/// The common dialogs with one object's face; its FileName is the program's current file name.
+#pragma once
+
+#include "appearance/globals.h"
+
+#include <QString>
+
+class QWidget;
+
+namespace vnb {
+
+struct FileDialog;
+
+/// Properties stay from one dialog to the next.
+class CdlgEx {
+public:
+  /// Bits of `flags`.
+  static constexpr std::int32_t OverwritePrompt = 0x2;
+  static constexpr std::int32_t HideReadOnly = 0x4;
+  static constexpr std::int32_t LongNames = 0x200000;
+
+  QWidget *hOwner = nullptr;
+  std::int32_t flags = 0;
+  QString DialogTitle;
+  /// Path given to a file dialog, and the path that it returns.
+  QString FileName;
+  /// Bare name of the path that was returned.
+  QString FileTitle;
+  /// Pairs of description and pattern, all separated by the bar character.
+  QString Filter;
+  std::int32_t FilterIndex = 0;
+  /// Folder that a file dialog starts in while FileName is empty; empty for the executable's.
+  QString InitDir;
+
+  /// Run a dialog. False, and no property changed, when the user cancels.
+  bool ShowOpen();
+  bool ShowSave();
+
+private:
+  bool run(const FileDialog &dialog);
+};
+
+/// The one instance, which lives to the end of the process.
+extern CdlgEx Cdlg;
+
+} // namespace vnb

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// Runs the tests that need windows: offscreen, with Qt's own dialogs.
+#include <QApplication>
+
+#include <gmock/gmock.h>
+
+int main(int argc, char *argv[]) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleMock(&argc, argv);
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  const QApplication application(argc, argv);
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  return RUN_ALL_TESTS();
+}

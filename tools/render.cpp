@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// Draws a LAN file into a PNG without a display: for pictures in documents, for a machine without a
+// screen, and for tests that compare what is drawn.
+
+#include "appearance/images.h"
+#include "diagram/operations.h"
+#include "runtime/messagebox.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <cstdio>
+
+namespace vnb {
+namespace {
+
+constexpr int usageError = 2;
+
+/// Reads the file as the editor does. False if anything was reported.
+bool read(const QString &path, DiagramOperations &operations) {
+  bool clean = true;
+  const auto print = showMessageBox;
+  showMessageBox = [&](const MessageBox &box) {
+    clean = false;
+    return print(box);
+  };
+  DiagramReaderView view(operations);
+  OpenLANFile(path, operations, view);
+  return clean;
+}
+
+/// The surface, or the part of it that holds devices and some room around them.
+QRect area(const Surface &surface, bool crop) {
+  if (!crop)
+    return surface.rect();
+  constexpr int room = 40;
+  QRect devices;
+  for (const Sprite &sprite : surface.picSystem)
+    devices |= sprite.within(surface.rect());
+  return devices.adjusted(-room, -room, room, room) & surface.rect();
+}
+
+QImage picture(Surface &surface, const QRect &area) {
+  QImage image(area.size(), QImage::Format_RGB32);
+  QPainter painter(&image);
+  painter.translate(-area.topLeft());
+  surface.paint(painter, area);
+  return image;
+}
+
+int run(const QStringList &words) {
+  const bool crop = words.value(1) == u"--crop";
+  if (words.size() != (crop ? 4 : 3)) {
+    std::fputs("usage: render [--crop] FILE.txt OUT.png\n", stderr);
+    return usageError;
+  }
+  GridColor = 0x404040;
+  GridRes = 20;
+  LinkColor = 0xE48257;
+  LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
+  Surface surface(nullptr);
+  surface.picSystem(0).setPicture(DeviceImages(SystemType::Router));
+  DiagramOperations operations(surface);
+  if (!read(words[words.size() - 2], operations))
+    return EXIT_FAILURE;
+  surface.DrawGrid();
+  if (picture(surface, area(surface, crop)).save(words.last()))
+    return EXIT_SUCCESS;
+  std::fprintf(stderr, "%s can't be written\n", qUtf8Printable(words.last()));
+  return EXIT_FAILURE;
+}
+
+} // namespace
+} // namespace vnb
+
+int main(int argc, char *argv[]) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  return vnb::run(QApplication::arguments());
+}
