@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 
 namespace vnb {
 
@@ -17,6 +18,9 @@ extern Colour GridColor, LinkColor, LinkSelColor, LockColor, SelectedColor, Subn
     SubnetSelColor;
 extern Colour SeparatorColor, BackgroundColor, TextColor, RedTextColor;
 extern std::array<Colour, 3> SecureColor;
+
+/// All colours above, in a fixed order.
+std::span<Colour *const> allColours();
 
 extern bool ShowGrid;
 /// Distance of the grid lines in pixels; none are drawn at 0 or below.

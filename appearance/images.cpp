@@ -53,7 +53,10 @@ void LoadDeviceImages(const QString &files) {
 }
 
 void DoImage(PictureButton &button, const ButtonImageSet &set, bool up) {
-  button.setPicture(up ? set.Off : set.Down);
+  const QPixmap &picture = up ? set.Off : set.Down;
+  // While no theme has been loaded a button keeps the picture that it was designed with.
+  if (!picture.isNull())
+    button.setPicture(picture);
 }
 
 } // namespace vnb

@@ -21,9 +21,6 @@ struct ButtonImageSet {
 /// Raises 9 for a code above 16 or below 0.
 const QPixmap &DeviceImages(std::int32_t lType);
 
-/// Number of the errors that this program raises with descriptions of its own.
-inline constexpr auto ownError = static_cast<std::int32_t>(0x80040155);
-
 /// Fills `set` from `files`, the paths of Off, Over and Down with "|" between them, and shows Off
 /// on `button`; the built-in bitmaps named by the button's Tag stand in for empty paths. Raises
 /// ownError unless there are three fields, and what LoadPicture raises.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "diagram/viewport.h"
 
+#include "appearance/colours.h"
+
 #include <algorithm>
 
 namespace vnb {
@@ -48,6 +50,12 @@ void Viewport::layOut(QSize form, int toolbarHeight) {
   setMaximum(*m_vsbScroll, Surface::size - height);
   m_hsbScroll->setGeometry(0, toolbarHeight + height, width, barWidth);
   setMaximum(*m_hsbScroll, Surface::size - width);
+}
+
+void Viewport::UpdateColors() {
+  m_picLayout->setBackColor(BackgroundColor);
+  m_hsbScroll->setPalette(controlPalette());
+  m_vsbScroll->setPalette(controlPalette());
 }
 
 void Viewport::scrollBy(QPoint distance) {

@@ -23,6 +23,9 @@ public:
   /// Lays itself out below a toolbar. Sizes that leave no room are left alone.
   void layOut(QSize form, int toolbarHeight);
 
+  /// The surface takes BackgroundColor, the bars the theme's colours.
+  void UpdateColors();
+
   /// Scrolls by so many pixels.
   void scrollBy(QPoint distance);
 

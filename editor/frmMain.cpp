@@ -1,9 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "editor/frmMain.h"
 
+#include "appearance/colours.h"
+#include "appearance/frmThemes.h"
+#include "forms/pictures.h"
 #include "runtime/report.h"
+#include "runtime/twips.h"
 #include "shell/cdlgex.h"
+#include "shell/frmSettings.h"
+#include "shell/frmSplash.h"
 
+#include <QApplication>
+#include <QCloseEvent>
+#include <QElapsedTimer>
+#include <QScreen>
 #include <QWheelEvent>
 
 #include <array>
@@ -13,6 +23,10 @@ namespace {
 
 constexpr QSize designSize(538, 467);
 constexpr int wheelStep = 100; // pixels for a notch, as a large step of the bars
+
+void DoEvents() {
+  QCoreApplication::processEvents();
+}
 
 /// Asks for a LAN file under `title`. False when the user cancels or gives no name.
 bool askForFile(QWidget &owner, const char *title, bool save) {
@@ -24,6 +38,24 @@ bool askForFile(QWidget &owner, const char *title, bool save) {
   return confirmed && !Cdlg.FileName.isEmpty();
 }
 
+/// The reader's view on the whole editor.
+class EditorReaderView : public DiagramReaderView {
+public:
+  using DiagramReaderView::DiagramReaderView;
+
+  /// Events need a turn from time to time, not at each of a hundred thousand lines.
+  void yield() override {
+    constexpr qint64 turn = 50; // milliseconds
+    if (m_sinceLast.isValid() && m_sinceLast.elapsed() < turn)
+      return;
+    DoEvents();
+    m_sinceLast.start();
+  }
+
+private:
+  QElapsedTimer m_sinceLast;
+};
+
 } // namespace
 
 frmMain::frmMain()
@@ -32,18 +64,71 @@ frmMain::frmMain()
       m_shortcuts(
           *this, [this](int KeyCode, Qt::KeyboardModifiers Shift) { Form_KeyUp(KeyCode, Shift); }) {
   setObjectName(QStringLiteral("frmMain"));
-  setWindowTitle(QStringLiteral("Vantry Network Builder v%1.%2.%3")
-                     .arg(VNB_MAJOR)
-                     .arg(VNB_MINOR)
-                     .arg(VNB_REVISION));
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   resize(designSize);
-  for (std::size_t i = 0; i < toolbarButtons().size(); ++i)
-    m_toolbar.loadImages(i, QStringLiteral("||"));
-  LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
-  picLayout().picSystem(0).setPicture(DeviceImages(SystemType::Router));
-  m_operations.ClearLAN();
+  picLayout().picSystem(0).setPicture(LoadResPicture(ResIDFromType(SystemType::Router)));
+  frmThemes::View = this;
+  frmSettings::LinkColorChanged = [this] { linkColorChanged(); };
+}
+
+void frmMain::Form_Load() {
+  frmSplash &splash = Form<frmSplash>::instance();
+  reported(
+      "frmMain", "Form_Load",
+      [&] {
+        splash.show();
+        DoEvents();
+      },
+      [] {
+        lSelectedItem = -1;
+        DoEvents();
+      },
+      [this] {
+        setWindowTitle(QStringLiteral("Vantry Network Builder v%1.%2.%3")
+                           .arg(VNB_MAJOR)
+                           .arg(VNB_MINOR)
+                           .arg(VNB_REVISION));
+        DoEvents();
+      },
+      [this] {
+        m_operations.ClearLAN();
+        DoEvents();
+      },
+      [this] {
+        LoadSettings(*this);
+        DoEvents();
+      },
+      [this] {
+        if (ShowGrid)
+          picLayout().DrawGrid(DoEvents);
+        DoEvents();
+      },
+      [this] {
+        if (!Cdlg.FileName.isEmpty() && LoadLastFile)
+          openFile(Cdlg.FileName, true);
+        DoEvents();
+      },
+      [this] { showOnScreen(); }, [&] { splash.hide(); });
+}
+
+/// Shows the window, and brings it back if its stored place lies on no screen.
+void frmMain::showOnScreen() {
+  show();
+  for (const QScreen *screen : QGuiApplication::screens())
+    if (screen->availableGeometry().intersects(frameGeometry()))
+      return;
+  move(screen()->availableGeometry().topLeft());
+}
+
+void frmMain::closeEvent(QCloseEvent *event) {
+  event->accept();
+  Form_Unload();
+}
+
+void frmMain::Form_Unload() {
+  SaveSettings(*this);
+  QCoreApplication::quit();
 }
 
 void frmMain::resizeEvent(QResizeEvent * /*event*/) {
@@ -74,10 +159,12 @@ void frmMain::Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift) {
 
 void frmMain::buttonClicked(std::size_t index) {
   using Action = void (frmMain::*)();
-  static constexpr std::array<std::pair<std::string_view, Action>, 3> actions{{
+  static constexpr std::array<std::pair<std::string_view, Action>, 5> actions{{
       {"picNew", &frmMain::picNew_Click},
       {"picLoad", &frmMain::picLoad_Click},
       {"picSave", &frmMain::picSave_Click},
+      {"picThemes", &frmMain::picThemes_Click},
+      {"picSettings", &frmMain::picSettings_Click},
   }};
   for (const auto &[name, action] : actions)
     if (name == toolbarButtons()[index].name)
@@ -93,9 +180,13 @@ void frmMain::picLoad_Click() {
     if (!askForFile(*this, "Open LAN", false))
       return;
     m_operations.ClearLAN();
-    DiagramReaderView view(m_operations);
-    OpenLANFile(Cdlg.FileName, m_operations, view);
+    openFile(Cdlg.FileName, false);
   });
+}
+
+void frmMain::openFile(const QString &sFileName, bool bTakeYourTime) {
+  EditorReaderView view(m_operations);
+  OpenLANFile(sFileName, m_operations, view, bTakeYourTime);
 }
 
 void frmMain::picSave_Click() {
@@ -103,6 +194,66 @@ void frmMain::picSave_Click() {
     if (askForFile(*this, "Save LAN", true))
       SaveLAN(Cdlg.FileName);
   });
+}
+
+void frmMain::picThemes_Click() {
+  Form<frmThemes>::instance().showModal(nullptr);
+}
+
+void frmMain::picSettings_Click() {
+  Form<frmSettings>::instance().Form_Load();
+  Form<frmSettings>::instance().showModal(this);
+  picLayout().Cls();
+  if (ShowGrid)
+    picLayout().DrawGrid();
+}
+
+void frmMain::linkColorChanged() {
+  for (Line &line : picLayout().lneLink)
+    line.BorderColor = LinkColor;
+  picLayout().lneXOR.BorderColor = LinkColor;
+  picLayout().update();
+}
+
+void frmMain::templateColorChanged() {
+  picLayout().lneLink(0).BorderColor = LinkColor;
+}
+
+void frmMain::UpdateColors() {
+  QPalette colours = palette();
+  colours.setColor(QPalette::Window, toQColor(BackgroundColor));
+  setPalette(colours);
+  m_toolbar.UpdateColors();
+  m_viewport.UpdateColors();
+  Form<frmSettings>::instance().UpdateColors();
+  Form<frmThemes>::instance().UpdateColors();
+}
+
+void frmMain::loadButtonImages(const QString &tag, const QString &files) {
+  m_toolbar.loadImages(tag, files);
+}
+
+void frmMain::deviceImagesChanged() {
+  for (Sprite &sprite : picLayout().picSystem)
+    sprite.setPicture(DeviceImages(sprite.lType));
+  picLayout().update();
+}
+
+void frmMain::setLeft(std::int32_t lLeft) {
+  move(pixels(lLeft), y());
+}
+void frmMain::setTop(std::int32_t lTop) {
+  move(x(), pixels(lTop));
+}
+double frmMain::Left() const {
+  return twips(x());
+}
+double frmMain::Top() const {
+  return twips(y());
+}
+
+void frmMain::LoadTheme(const QString &sFileName) {
+  vnb::LoadTheme(sFileName, *this);
 }
 
 } // namespace vnb

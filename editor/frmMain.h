@@ -2,18 +2,26 @@
 /// The main window: the centre of the program.
 #pragma once
 
+#include "appearance/theme.h"
 #include "diagram/operations.h"
 #include "diagram/viewport.h"
 #include "editor/shortcuts.h"
 #include "editor/toolbar.h"
+#include "shell/settings.h"
 
 #include <QWidget>
 
 namespace vnb {
 
-class frmMain : public QWidget {
+class frmMain : public QWidget, private ThemeView, private SettingsView {
 public:
+  /// The window in its design state, hidden.
   frmMain();
+
+  /// Starts the program behind the splash: settings, theme, grid, last file; then shows the window.
+  void Form_Load();
+  /// Writes the settings store, as closing the window does.
+  void saveSettings() const { SaveSettings(*this); }
 
   Surface &picLayout() { return m_viewport.picLayout(); }
   DiagramOperations &operations() { return m_operations; }
@@ -21,16 +29,34 @@ public:
   void picNew_Click();
   void picLoad_Click();
   void picSave_Click();
+  void picThemes_Click();
+  void picSettings_Click();
 
 protected:
   void resizeEvent(QResizeEvent *event) override;
   void mouseMoveEvent(QMouseEvent *event) override;
   void wheelEvent(QWheelEvent *event) override;
+  void closeEvent(QCloseEvent *event) override;
 
 private:
   void Form_Resize();
   void Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift);
+  void Form_Unload();
   void buttonClicked(std::size_t index);
+  void openFile(const QString &sFileName, bool bTakeYourTime);
+  void showOnScreen();
+
+  void linkColorChanged() override;
+  void UpdateColors() override;
+  void loadButtonImages(const QString &tag, const QString &files) override;
+  void deviceImagesChanged() override;
+
+  void setLeft(std::int32_t lLeft) override;
+  void setTop(std::int32_t lTop) override;
+  double Left() const override;
+  double Top() const override;
+  void LoadTheme(const QString &sFileName) override;
+  void templateColorChanged() override;
 
   Toolbar m_toolbar;
   Viewport m_viewport;

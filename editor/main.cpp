@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "editor/frmMain.h"
+#include "editor/termination.h"
 #include "forms/dialogs.h"
 #include "forms/pictures.h"
 
 #include <QApplication>
 #include <QIcon>
+#include <QSettings>
 
 int main(int argc, char *argv[]) {
   using namespace vnb;
@@ -17,14 +19,12 @@ int main(int argc, char *argv[]) {
   QApplication::setApplicationDisplayName({});
   QApplication::setWindowIcon(QIcon(LoadResPicture(QStringLiteral("ICON"))));
   showMessageBox = showMessageWindow;
-  GridColor = 0x404040;
-  LinkColor = 0xE48257;
-  SeparatorColor = 0x800000;
-  TextColor = 0xFFFFFF;
-  GridRes = 20;
+  // Qt's own file and colour dialogs would otherwise keep notes of their own.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+  // The splash stays hidden to the end: the main window alone ends the program.
+  QApplication::setQuitOnLastWindowClosed(false);
   frmMain form;
-  form.picLayout().lneLink(0).BorderColor = LinkColor;
-  form.picLayout().DrawGrid();
-  form.show();
+  const Termination termination([&] { form.close(); }, [&] { form.saveSettings(); });
+  form.Form_Load();
   return QApplication::exec();
 }

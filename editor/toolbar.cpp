@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/toolbar.h"
 
+#include "forms/form.h"
+
 #include <QPainter>
 
 namespace vnb {
@@ -27,6 +29,7 @@ constexpr int buttonTop = 1;
 constexpr std::array separators{77, 208, 289};
 constexpr int lineTop = 27;
 constexpr int statusLeft = 295;
+constexpr qreal statusPointSize = 9;
 
 /// The tool tip without its shortcut.
 QString title(const ToolbarButton &button) {
@@ -47,6 +50,8 @@ Toolbar::Toolbar(QWidget *parent, std::function<void(std::size_t)> click)
   setFixedHeight(height);
   setMouseTracking(true);
   m_lblStatus->setObjectName(QStringLiteral("lblStatus"));
+  m_lblStatus->setTextFormat(Qt::PlainText);
+  m_lblStatus->setFont(formFont(statusPointSize));
   m_lblStatus->move(statusLeft, 6);
   // The status line has a handler of its own: it clears itself, as bare toolbar does.
   m_lblStatus->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -68,8 +73,17 @@ void Toolbar::addButton(std::size_t index) {
   m_buttons.push_back(button);
 }
 
-void Toolbar::loadImages(std::size_t index, const QString &files) {
-  LoadButtonImages(m_images[index], *m_buttons[index], files);
+void Toolbar::loadImages(const QString &tag, const QString &files) {
+  for (std::size_t i = 0; i < m_buttons.size(); ++i)
+    if (m_buttons[i]->Tag() == tag)
+      LoadButtonImages(m_images[i], *m_buttons[i], files);
+}
+
+void Toolbar::UpdateColors() {
+  QPalette colours = m_lblStatus->palette();
+  colours.setColor(QPalette::WindowText, toQColor(TextColor));
+  m_lblStatus->setPalette(colours);
+  update();
 }
 
 void Toolbar::setStatus(const QString &text) {

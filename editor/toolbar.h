@@ -39,8 +39,9 @@ public:
   Toolbar(QWidget *parent, std::function<void(std::size_t)> click);
 
   void setStatus(const QString &text);
-  /// Gives button `index` its pictures: three paths as LoadButtonImages takes them.
-  void loadImages(std::size_t index, const QString &files);
+  /// Gives the button of this Tag its pictures: three paths as LoadButtonImages takes them.
+  void loadImages(const QString &tag, const QString &files);
+  void UpdateColors();
 
 protected:
   void paintEvent(QPaintEvent *event) override;

@@ -2,6 +2,7 @@
 #include "forms/dialogs.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -44,6 +45,13 @@ std::optional<QString> showQtFileDialog(const FileDialog &request) {
   return dialog.selectedFiles().constFirst();
 }
 
+std::optional<QRgb> showQtColourDialog(const ColourDialog &request) {
+  for (int i = 0; i < QColorDialog::customCount(); ++i)
+    QColorDialog::setCustomColor(i, Qt::white);
+  const QColor chosen = QColorDialog::getColor(QColor::fromRgb(request.start), request.owner);
+  return chosen.isValid() ? std::optional(chosen.rgb()) : std::nullopt;
+}
+
 } // namespace
 
 Answer showMessageWindow(const MessageBox &box) {
@@ -60,6 +68,7 @@ Answer showMessageWindow(const MessageBox &box) {
 }
 
 std::function<std::optional<QString>(const FileDialog &)> showFileDialog = showQtFileDialog;
+std::function<std::optional<QRgb>(const ColourDialog &)> showColourDialog = showQtColourDialog;
 
 QString toQtFilter(const QString &filter) {
   const QStringList parts = filter.split(u'|');

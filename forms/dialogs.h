@@ -5,6 +5,7 @@
 
 #include "runtime/messagebox.h"
 
+#include <QColor>
 #include <QString>
 
 #include <functional>
@@ -36,6 +37,15 @@ struct FileDialog {
 
 /// The chosen path, or nothing when the user cancels.
 extern std::function<std::optional<QString>(const FileDialog &)> showFileDialog;
+
+/// What a colour dialog is asked to show. Its custom colours are white at each opening.
+struct ColourDialog {
+  QWidget *owner = nullptr;
+  QRgb start = 0;
+};
+
+/// The chosen colour, or nothing when the user cancels.
+extern std::function<std::optional<QRgb>(const ColourDialog &)> showColourDialog;
 
 /// A bar-separated filter in the form that Qt takes. "*.*" becomes "*": Qt's own dialog would
 /// otherwise hide names without a dot.

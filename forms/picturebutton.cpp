@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "forms/picturebutton.h"
 
+#include "forms/pictures.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -14,7 +16,8 @@ void fire(const std::function<void()> &handler) {
 
 } // namespace
 
-PictureButton::PictureButton(QWidget *parent, const QString &tag) : QWidget(parent), m_tag(tag) {
+PictureButton::PictureButton(QWidget *parent, const QString &tag)
+    : QWidget(parent), m_tag(tag), m_picture(LoadResPicture(tag)) {
   setMouseTracking(true);
 }
 

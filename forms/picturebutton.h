@@ -13,6 +13,7 @@ namespace vnb {
 /// a click is a release inside, and comes after MouseUp.
 class PictureButton : public QWidget {
 public:
+  /// Shows the built-in bitmap `tag` until it is given another picture.
   PictureButton(QWidget *parent, const QString &tag);
 
   /// Base name of its built-in bitmaps.

@@ -33,6 +33,9 @@ enum class Fault : std::int32_t {
   InvalidPicture = 481,
 };
 
+/// Number of the errors that this program raises with descriptions of its own.
+inline constexpr auto ownError = static_cast<std::int32_t>(0x80040155);
+
 /// A failure with its number and a description for the user.
 class RuntimeError : public std::exception {
 public:

@@ -19,6 +19,16 @@ bool CdlgEx::ShowSave() {
       {.kind = FileDialog::Kind::Save, .askBeforeOverwriting = (flags & OverwritePrompt) != 0});
 }
 
+bool CdlgEx::ShowColor() {
+  const Colour start = (flags & StartOnColour) != 0 ? RGBResult : 0;
+  const std::optional<QRgb> chosen =
+      showColourDialog({.owner = hOwner, .start = toQColor(start).rgb()});
+  if (!chosen)
+    return false;
+  RGBResult = toColour(QColor::fromRgb(*chosen));
+  return true;
+}
+
 bool CdlgEx::run(const FileDialog &dialog) {
   FileDialog request = dialog;
   request.owner = hOwner;

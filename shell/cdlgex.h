@@ -15,7 +15,9 @@ struct FileDialog;
 /// Properties stay from one dialog to the next.
 class CdlgEx {
 public:
-  /// Bits of `flags`.
+  /// Bits of `flags`; the lowest four reach the colour dialog.
+  static constexpr std::int32_t StartOnColour = 0x1;
+  static constexpr std::int32_t ShowCustomColours = 0x2;
   static constexpr std::int32_t OverwritePrompt = 0x2;
   static constexpr std::int32_t HideReadOnly = 0x4;
   static constexpr std::int32_t LongNames = 0x200000;
@@ -32,10 +34,13 @@ public:
   std::int32_t FilterIndex = 0;
   /// Folder that a file dialog starts in while FileName is empty; empty for the executable's.
   QString InitDir;
+  /// Colour that the colour dialog starts on and returns.
+  Colour RGBResult = 0;
 
   /// Run a dialog. False, and no property changed, when the user cancels.
   bool ShowOpen();
   bool ShowSave();
+  bool ShowColor();
 
 private:
   bool run(const FileDialog &dialog);

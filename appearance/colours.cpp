@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "appearance/colours.h"
+
+#include <algorithm>
+
+namespace vnb {
+namespace {
+
+/// A shade between two colours; `share` of the second one, in percent.
+QColor mixed(const QColor &first, const QColor &second, int share) {
+  const auto channel = [share](int a, int b) { return (a * (100 - share) + b * share) / 100; };
+  return {channel(first.red(), second.red()), channel(first.green(), second.green()),
+          channel(first.blue(), second.blue())};
+}
+
+QPalette palette(const QColor &background, const QColor &text, const QColor &window) {
+  QPalette result(text, background, text, text, mixed(background, text, 50), text, text, background,
+                  window);
+  result.setColor(QPalette::AlternateBase, background);
+  result.setColor(QPalette::ToolTipBase, background);
+  result.setColor(QPalette::ToolTipText, text);
+  // A picked row is the reverse of the others: readable in every theme.
+  result.setColor(QPalette::Highlight, text);
+  result.setColor(QPalette::HighlightedText, background);
+  const QColor faint = mixed(background, text, 50);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    result.setColor(QPalette::Disabled, role, faint);
+  result.setColor(QPalette::PlaceholderText, faint);
+  return result;
+}
+
+void setForeground(QWidget &control, Colour colour) {
+  QPalette changed = control.palette();
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    changed.setColor(role, toQColor(colour));
+  control.setPalette(changed);
+}
+
+void colourSecurityButtons(QWidget &form, const QString &name) {
+  for (std::size_t i = 0; i < SecureColor.size(); ++i) {
+    auto *button = form.findChild<QWidget *>(name + QString::number(i));
+    if (button == nullptr)
+      continue;
+    QPalette changed = button->palette();
+    changed.setColor(QPalette::Button, toQColor(SecureColor[i]));
+    changed.setColor(QPalette::ButtonText, toQColor(SecureColor[i] ^ 0xFFFFFF));
+    button->setPalette(changed);
+  }
+}
+
+bool isUntouched(const QWidget &control, std::initializer_list<ColourException> exceptions) {
+  return std::any_of(exceptions.begin(), exceptions.end(), [&](const ColourException &exception) {
+    return exception.kind == ColourException::Kind::Untouched &&
+           control.objectName().startsWith(QLatin1String(exception.name));
+  });
+}
+
+} // namespace
+
+QPalette controlPalette() {
+  const QColor background = toQColor(BackgroundColor);
+  const QColor text = toQColor(TextColor);
+  // The style draws the border of a control a good deal darker than its window colour, which
+  // nothing else of a control shows: so that is where the border's shade goes.
+  return palette(background, text, mixed(background, text, 60));
+}
+
+void applyColours(QWidget &form, std::initializer_list<ColourException> exceptions) {
+  const QColor background = toQColor(BackgroundColor);
+  form.setPalette(palette(background, toQColor(TextColor), background));
+  const QPalette controls = controlPalette();
+  for (QWidget *control : form.findChildren<QWidget *>())
+    if (!control->isWindow() && !isUntouched(*control, exceptions))
+      control->setPalette(controls);
+  for (const ColourException &exception : exceptions) {
+    const QString name = QString::fromLatin1(exception.name);
+    if (exception.kind == ColourException::Kind::Security)
+      colourSecurityButtons(form, name);
+    else if (exception.kind == ColourException::Kind::RedText)
+      if (auto *control = form.findChild<QWidget *>(name))
+        setForeground(*control, RedTextColor);
+  }
+}
+
+} // namespace vnb

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "appearance/frmThemes.h"
+
+#include "appearance/colours.h"
+#include "forms/controls.h"
+#include "runtime/error.h"
+#include "runtime/messagebox.h"
+#include "runtime/xml.h"
+
+#include <QDirIterator>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace vnb {
+
+ThemeView *frmThemes::View = nullptr;
+
+namespace {
+
+/// The colours in force, to go back to when a theme fails halfway.
+class ColoursInForce {
+public:
+  ColoursInForce() {
+    for (const Colour *colour : allColours())
+      m_colours.push_back(*colour);
+  }
+  void restore() const {
+    for (std::size_t i = 0; i < m_colours.size(); ++i)
+      *allColours()[i] = m_colours[i];
+  }
+
+private:
+  std::vector<Colour> m_colours;
+};
+
+void tell(const QString &text) {
+  showMessageBox({.title = QStringLiteral("Themes"),
+                  .text = text,
+                  .icon = MessageBox::Icon::Exclamation,
+                  .buttons = MessageBox::Buttons::Ok});
+}
+
+/// Loads the theme that was in force again, with the colours as they were. What fails here failed
+/// before as well, and was told then.
+void goBack(const QString &earlierFile, const QString &earlierName, const ColoursInForce &colours,
+            ThemeView &view) {
+  try {
+    LoadTheme(earlierFile, view);
+  } catch (const RuntimeError &) {
+    ThemeFile = earlierFile;
+    ThemeName = earlierName;
+  }
+  colours.restore();
+  view.linkColorChanged();
+  view.UpdateColors();
+}
+
+const XmlElement *firstChild(const XmlElement &parent, QStringView tagName) {
+  for (const XmlElement &child : parent.children())
+    if (child.tagName() == tagName)
+      return &child;
+  return nullptr;
+}
+
+} // namespace
+
+frmThemes::frmThemes() : FormWindow("frmThemes", "Themes", {7125, 3195}) {
+  addLabel(*this, QStringLiteral("lblCurrent"), QStringLiteral("Current theme:"),
+           {75, 75, 1515, 195});
+  m_lblCurTheme = addLabel(*this, QStringLiteral("lblCurTheme"), QStringLiteral("Default"),
+                           {1635, 75, 2550, 195});
+  auto *cmdSwitch =
+      addCaptioned<QPushButton>(*this, "cmdSwitch", "Switch (temp button)", {4260, 75, 2415, 360});
+  const QLabel *available = addLabel(*this, QStringLiteral("lblAvailable"),
+                                     QStringLiteral("Available themes:"), {75, 345, 1695, 195});
+  m_lstThemes = add<QListWidget>(*this, QStringLiteral("lstThemes"));
+  place(*m_lstThemes, 120, 660, 2970, 2370);
+  describe(*m_lstThemes, *available);
+  m_lblName =
+      addLabel(*this, QStringLiteral("lblName"), QStringLiteral("Name:"), {3210, 660, 3870, 195});
+  m_lblAuthor = addLabel(*this, QStringLiteral("lblAuthor"), QStringLiteral("Author: "),
+                         {3210, 930, 3870, 195});
+  const QLabel *description = addLabel(*this, QStringLiteral("lblDesc"),
+                                       QStringLiteral("Description:"), {3210, 1200, 1140, 195});
+  m_txtDescription = add<QPlainTextEdit>(*this, QStringLiteral("txtDescription"));
+  m_txtDescription->setReadOnly(true);
+  m_txtDescription->setTabChangesFocus(true);
+  m_txtDescription->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  place(*m_txtDescription, 3210, 1485, 3870, 1665);
+  describe(*m_txtDescription, *description);
+  setTabOrder(m_lstThemes, cmdSwitch);
+  setTabOrder(cmdSwitch, m_txtDescription);
+  connect(m_lstThemes, &QListWidget::itemSelectionChanged, this, &frmThemes::lstThemes_Click);
+  connect(cmdSwitch, &QPushButton::clicked, this, &frmThemes::cmdSwitch_Click);
+}
+
+void frmThemes::Form_Load() {
+  m_lstThemes->clear();
+  QDirIterator entries(themesFolder(), QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+  if (!entries.hasNext())
+    return;
+  QListWidgetItem *current = nullptr;
+  while (entries.hasNext()) {
+    entries.next();
+    if (!entries.fileInfo().isDir())
+      continue;
+    auto *line = new QListWidgetItem(entries.fileName(), m_lstThemes);
+    if (entries.fileName() == ThemeName)
+      current = line;
+  }
+  if (current != nullptr)
+    m_lstThemes->setCurrentItem(current);
+  m_lblCurTheme->setText(ThemeName);
+  UpdateColors();
+}
+
+void frmThemes::UpdateColors() {
+  applyColours(*this, {{"lblCurTheme", ColourException::Kind::RedText}});
+}
+
+QString frmThemes::selected() const {
+  const QList<QListWidgetItem *> lines = m_lstThemes->selectedItems();
+  return lines.isEmpty() ? QString() : lines.constFirst()->text();
+}
+
+void frmThemes::lstThemes_Click() {
+  if (!m_lstThemes->selectedItems().isEmpty())
+    ShowThemeInfo(selected());
+}
+
+void frmThemes::showUnreadable(const QString &reason) {
+  m_lblName->setText(QStringLiteral("Name: "));
+  m_lblAuthor->setText(QStringLiteral("Author: "));
+  m_txtDescription->setPlainText(reason);
+}
+
+void frmThemes::ShowThemeInfo(const QString &sName) {
+  try {
+    const XmlDocument document(themePath(sName));
+    const XmlElement *info = firstChild(document.root(), u"INFO");
+    if (info == nullptr) {
+      showUnreadable(QStringLiteral("This theme says nothing about itself."));
+      return;
+    }
+    // What a theme leaves out keeps the text of the one shown before.
+    for (const XmlElement &field : info->children()) {
+      if (field.tagName() == u"TITLE")
+        m_lblName->setText(QStringLiteral("Name: ") + field.text());
+      else if (field.tagName() == u"AUTHOR")
+        m_lblAuthor->setText(QStringLiteral("Author: ") + field.text());
+      else if (field.tagName() == u"DESCRIPTION")
+        m_txtDescription->setPlainText(field.text());
+    }
+  } catch (const RuntimeError &error) {
+    showUnreadable(QStringLiteral("The theme.xml of this folder can't be read. ") +
+                   error.description());
+  }
+}
+
+void frmThemes::cmdSwitch_Click() {
+  if (m_lstThemes->selectedItems().isEmpty()) {
+    tell(QStringLiteral("Pick a theme in the list first."));
+    return;
+  }
+  const QString earlierFile = ThemeFile;
+  const QString earlierName = ThemeName;
+  const ColoursInForce colours;
+  try {
+    LoadTheme(selected(), *View);
+  } catch (const RuntimeError &error) {
+    goBack(earlierFile, earlierName, colours, *View);
+    tell(QStringLiteral("The theme \"%1\" can't be loaded.\n%2")
+             .arg(selected(), error.description()));
+  }
+  m_lblCurTheme->setText(ThemeName);
+}
+
+} // namespace vnb

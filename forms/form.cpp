@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "forms/form.h"
+
+#include "runtime/twips.h"
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace vnb {
+
+QFont formFont(qreal pointSize) {
+  QFont font = QGuiApplication::font();
+  font.setFamilies(QStringList(QStringLiteral("Dungeon")) + font.families());
+  font.setPointSizeF(pointSize);
+  return font;
+}
+
+FormWindow::FormWindow(const char *name, const char *caption, QSize client) {
+  setObjectName(QString::fromLatin1(name));
+  setWindowTitle(QString::fromLatin1(caption));
+  setFont(formFont(8.25));
+  setFixedSize(pixels(client.width()), pixels(client.height()));
+}
+
+void FormWindow::showOwned(QWidget *owner) {
+  if (parentWidget() != owner)
+    setParent(owner, Qt::Tool | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+  show();
+  raise();
+  activateWindow();
+}
+
+void FormWindow::showModal(QWidget *owner) {
+  setParent(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+  setWindowModality(Qt::ApplicationModal);
+  QEventLoop loop;
+  m_modalLoop = &loop;
+  show();
+  loop.exec();
+}
+
+void FormWindow::closeEvent(QCloseEvent *event) {
+  event->accept();
+  if (m_release != nullptr)
+    m_release();
+  if (m_modalLoop != nullptr)
+    m_modalLoop->quit();
+  deleteLater();
+}
+
+void FormWindow::keyPressEvent(QKeyEvent *event) {
+  if (event->key() == Qt::Key_Escape)
+    close();
+  else
+    QWidget::keyPressEvent(event);
+}
+
+void place(QWidget &control, int left, int top, int width, int height) {
+  QRect room(pixels(left), pixels(top), pixels(width), pixels(height));
+  const QSize hint = control.sizeHint();
+  const int missing = hint.width() - room.width();
+  const auto *label = qobject_cast<const QLabel *>(&control);
+  if (label != nullptr && missing > 0)
+    (label->alignment() & Qt::AlignRight) != 0 ? room.setLeft(room.left() - missing)
+                                               : room.setRight(room.right() + missing);
+  // A line of text sits at the middle of its control, which grows in both directions.
+  constexpr int oneLine = 26;
+  const int flat = hint.height() - room.height();
+  if (flat > 0 && room.height() < oneLine)
+    room.adjust(0, -flat / 2, 0, flat - flat / 2);
+  control.setGeometry(room);
+}
+
+} // namespace vnb

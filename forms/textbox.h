@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+/// Text boxes of one line whose limits bind the user alone.
+#pragma once
+
+#include <QLineEdit>
+
+#include <limits>
+
+namespace vnb {
+
+/// A character that the code page can't hold becomes "?" as it is typed or pasted, so that what one
+/// sees is what is saved. Any change of the text, the user's or the program's, raises textChanged;
+/// a handler reads the text from the box, which may have been mended meanwhile.
+class TextBox : public QLineEdit {
+public:
+  static constexpr int noLimit = std::numeric_limits<int>::max();
+
+  /// `limit`: characters that can be typed or pasted.
+  explicit TextBox(QWidget *parent, int limit = noLimit);
+
+  /// Sets the text by the program, whatever its length.
+  void setContent(const QString &text);
+
+private:
+  void mend(const QString &text);
+  void setLimit();
+
+  int m_limit;
+};
+
+} // namespace vnb

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "shell/frmSettings.h"
+
+#include "appearance/colours.h"
+#include "forms/controls.h"
+#include "forms/textbox.h"
+#include "runtime/numbers.h"
+#include "runtime/report.h"
+#include "shell/cdlgex.h"
+#include "shell/swatch.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+namespace vnb {
+
+std::function<void()> frmSettings::LinkColorChanged;
+
+namespace {
+
+struct SwatchRow {
+  const char *caption;
+  int labelLeft, labelTop, labelWidth, top; // twips
+  Colour *colour;
+};
+
+/// By the index of the swatch.
+const std::array<SwatchRow, 7> swatches{{
+    {"Grid:", 3735, 60, 390, 45, &GridColor},
+    {"Selected item:", 2865, 285, 1260, 270, &SelectedColor},
+    {"Lock:", 3690, 510, 435, 495, &LockColor},
+    {"Subnet:", 3435, 735, 690, 720, &SubnetColor},
+    {"Selected subnet:", 2655, 960, 1470, 945, &SubnetSelColor},
+    {"Link:", 3750, 1185, 375, 1170, &LinkColor},
+    {"Selected link:", 3015, 1410, 1110, 1395, &LinkSelColor},
+}};
+
+} // namespace
+
+frmSettings::frmSettings() : FormWindow("frmSettings", "Settings", {5295, 1650}) {
+  m_chkGrid = addCaptioned<QCheckBox>(*this, "chkGrid", "Draw Grid", {105, 105, 1140, 180});
+  const QLabel *lblGridRes =
+      addLabel(*this, QStringLiteral("lblGridRes"), QStringLiteral("Grid resolution (px):"),
+               {390, 360, 1650, 180});
+  m_txtGridRes = add<TextBox>(*this, QStringLiteral("txtGridRes"), 3);
+  place(*m_txtGridRes, 2100, 360, 450, 240);
+  describe(*m_txtGridRes, *lblGridRes);
+  m_chkLoadLast =
+      addCaptioned<QCheckBox>(*this, "chkLoadLast", "Auto-load last file", {105, 660, 1800, 195});
+  auto *cmdOK = addCaptioned<QPushButton>(*this, "cmdOK", "OK", {90, 1215, 1065, 375});
+  auto *cmdCancel =
+      addCaptioned<QPushButton>(*this, "cmdCancel", "Cancel", {1170, 1215, 1065, 375});
+  addSwatches();
+  connect(m_txtGridRes, &TextBox::textChanged, this, &frmSettings::txtGridRes_Change);
+  connect(m_txtGridRes, &TextBox::returnPressed, cmdOK, &QPushButton::click);
+  connect(cmdOK, &QPushButton::clicked, this, &frmSettings::cmdOK_Click);
+  connect(cmdCancel, &QPushButton::clicked, this, &frmSettings::close);
+}
+
+void frmSettings::addSwatches() {
+  for (std::size_t i = 0; i < swatches.size(); ++i) {
+    const SwatchRow &row = swatches[i];
+    const QString index = QString::number(i);
+    const QLabel *label =
+        addLabel(*this, QStringLiteral("lblColor") + index, QString::fromLatin1(row.caption),
+                 {row.labelLeft, row.labelTop, row.labelWidth, 180}, Qt::AlignRight);
+    m_picColor[i] = add<Swatch>(*this, QStringLiteral("picColor") + index);
+    m_picColor[i]->setFocusPolicy(Qt::StrongFocus);
+    place(*m_picColor[i], 4140, row.top, 615, 210);
+    describe(*m_picColor[i], *label);
+    connect(m_picColor[i], &Swatch::clicked, this, [this, i] { picColor_Click(i); });
+  }
+}
+
+void frmSettings::Form_Load() {
+  m_txtGridRes->setContent(QString::number(GridRes));
+  m_chkGrid->setChecked(ShowGrid);
+  m_chkLoadLast->setChecked(LoadLastFile);
+  for (std::size_t i = 0; i < swatches.size(); ++i)
+    m_picColor[i]->setBackColor(*swatches[i].colour);
+  UpdateColors();
+}
+
+void frmSettings::UpdateColors() {
+  applyColours(*this, {{"picColor", ColourException::Kind::Untouched}});
+}
+
+void frmSettings::txtGridRes_Change() {
+  m_txtGridRes->setContent(doubleText(Val(m_txtGridRes->text())));
+}
+
+void frmSettings::picColor_Click(std::size_t Index) {
+  Cdlg.flags |= CdlgEx::StartOnColour | CdlgEx::ShowCustomColours;
+  Cdlg.RGBResult = m_picColor[Index]->BackColor();
+  Cdlg.hOwner = this;
+  Cdlg.ShowColor();
+  m_picColor[Index]->setBackColor(Cdlg.RGBResult);
+}
+
+void frmSettings::cmdOK_Click() {
+  reported("frmSettings", "cmdOK_Click", [this] {
+    GridRes = roundToLong(Val(m_txtGridRes->text()));
+    ShowGrid = m_chkGrid->isChecked();
+    LoadLastFile = m_chkLoadLast->isChecked();
+    for (const std::size_t i : {0, 5, 6, 2, 1, 3, 4})
+      *swatches[i].colour = m_picColor[i]->BackColor();
+    LinkColorChanged();
+  });
+  close();
+}
+
+} // namespace vnb

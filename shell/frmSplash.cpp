@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "shell/frmSplash.h"
+
+#include "forms/controls.h"
+#include "forms/pictures.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScreen>
+
+#include <chrono>
+
+namespace vnb {
+namespace {
+
+/// The splash's own font; what stands in for it is made to fit the label.
+QFont loadingFont() {
+  QFont font(QStringLiteral("Battlefield"));
+  font.setPointSizeF(24);
+  return font;
+}
+
+} // namespace
+
+frmSplash::frmSplash() : FormWindow("frmSplash", "", {6240, 4665}) {
+  setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  QPalette onBlack = palette();
+  onBlack.setColor(QPalette::WindowText, Qt::white);
+  setPalette(onBlack);
+  auto *picAbout = addLabel(*this, QStringLiteral("picAbout"), {}, {465, 180, 5310, 3600});
+  picAbout->setPixmap(LoadResPicture(QStringLiteral("LOGO")));
+  m_lblLoading = addLabel(*this, QStringLiteral("lblLoading"), {}, {585, 3870, 5070, 690});
+  m_lblLoading->setFont(loadingFont());
+  m_lblLoading->setText(QStringLiteral("Loading..."));
+  m_tmrDots.callOnTimeout(this, [this] { tmrDots_Timer(); });
+  m_tmrDots.start(std::chrono::milliseconds(100));
+}
+
+void frmSplash::show() {
+  const QRect room = screen()->availableGeometry();
+  move(room.center() - rect().center());
+  QWidget::show();
+}
+
+void frmSplash::paintEvent(QPaintEvent *event) {
+  QPainter(this).fillRect(event->rect(), Qt::black);
+}
+
+void frmSplash::tmrDots_Timer() {
+  m_lblLoading->setText(QStringLiteral("Loading") + QString(m_dots, u'.'));
+  m_dots = m_dots == 3 ? 0 : m_dots + 1;
+}
+
+} // namespace vnb

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+/// The splash: what one sees while the program starts.
+#pragma once
+
+#include "forms/form.h"
+
+#include <QTimer>
+
+class QLabel;
+
+namespace vnb {
+
+class frmSplash : public FormWindow {
+public:
+  frmSplash();
+  void Form_Load() {}
+
+  /// Shows the form at the centre of the screen.
+  void show();
+
+protected:
+  void paintEvent(QPaintEvent *event) override;
+
+private:
+  void tmrDots_Timer();
+
+  QLabel *m_lblLoading;
+  QTimer m_tmrDots;
+  int m_dots = 0;
+};
+
+} // namespace vnb

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+/// The settings store: preferences that last from one run to the next.
+#pragma once
+
+#include "appearance/globals.h"
+
+namespace vnb {
+
+/// What the settings move and restyle in the main window. Positions are twips.
+class SettingsView {
+public:
+  SettingsView() = default;
+  SettingsView(const SettingsView &) = delete;
+  SettingsView &operator=(const SettingsView &) = delete;
+  virtual ~SettingsView() = default;
+
+  virtual void setLeft(std::int32_t lLeft) = 0;
+  virtual void setTop(std::int32_t lTop) = 0;
+  virtual double Left() const = 0;
+  virtual double Top() const = 0;
+  /// Raises what is wrong with the theme.
+  virtual void LoadTheme(const QString &sFileName) = 0;
+  /// LinkColor is new: lines that are made from now on take it.
+  virtual void templateColorChanged() = 0;
+};
+
+/// Reads the store once, at start. Any error goes to the standard error report; No leaves the
+/// remaining values as they are.
+void LoadSettings(SettingsView &view);
+
+/// Writes every key, once, at shutdown. A store that can't be written is reported.
+void SaveSettings(const SettingsView &view);
+
+/// Position that stands for none.
+inline constexpr std::int32_t noPosition = -1000000;
+
+} // namespace vnb
