@@ -24,6 +24,11 @@ float endY(const Sprite &sprite, double fraction) {
   return toSingle(sprite.Top + sprite.Height * fraction);
 }
 
+void call(const std::function<void()> &hook) {
+  if (hook)
+    hook();
+}
+
 } // namespace
 
 void DiagramOperations::ClearLAN() {
@@ -38,13 +43,17 @@ void DiagramOperations::ClearLAN() {
     router.Left = 0;
     router.Top = 0;
     router.layer = {};
+    router.Tag = SpriteTag::None;
     m_surface.update();
+    call(Renumbered);
+    call(Cleared);
   });
 }
 
 void DiagramOperations::loadSprite() {
   Sprite &sprite = m_surface.picSystem.Load(m_surface.picSystem.UBound() + 1);
   sprite.layer = {};
+  sprite.Tag = SpriteTag::None;
 }
 
 void DiagramOperations::place(std::int32_t lIndex) {
@@ -72,8 +81,8 @@ void DiagramOperations::AddSystem(std::int32_t lType, std::int32_t lX, std::int3
       [&] { m_surface.picSystem(lIndex).Visible = true; },
       [&] {
         // While a file is read, the reader refills them once, behind its last system.
-        if (lType == SystemType::Lock && !LoadingFile && PopulateLockBoxes)
-          PopulateLockBoxes();
+        if (lType == SystemType::Lock && !LoadingFile)
+          call(PopulateLockBoxes);
       });
 }
 
@@ -156,6 +165,7 @@ void DiagramOperations::RemoveSystem(std::int32_t lIndex) {
   while (picSystem.UBound() > UBound(Systems))
     picSystem.Unload(picSystem.UBound());
   m_surface.update();
+  call(Renumbered);
   const Report report("frmMain", "RemoveSystem");
   for (std::int32_t i = std::max(lIndex, 0); i <= picSystem.UBound(); ++i)
     if (!report([&] { place(i); }))

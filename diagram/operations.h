@@ -38,6 +38,11 @@ public:
   /// Refills the lock boxes of the device panel. Called when a lock is added by hand.
   std::function<void()> PopulateLockBoxes;
 
+  /// Called when system numbers have changed their meaning: after ClearLAN and RemoveSystem.
+  std::function<void()> Renumbered;
+  /// Called after ClearLAN: nothing is selected any more.
+  std::function<void()> Cleared;
+
 private:
   void loadSprite();
   void place(std::int32_t lIndex);

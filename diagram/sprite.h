@@ -21,6 +21,29 @@ struct SpriteLayer {
   std::int32_t number = -1; // -1 for none
 };
 
+/// Why a sprite is highlighted. A frame without a reason goes at the next highlight.
+enum class SpriteTag : std::uint8_t {
+  None,
+  Yellow0, // the lock chosen in lock box 0 of the selected device, and so on
+  Yellow1,
+  Yellow2,
+  Yellow3,
+  Yellow4,
+  GreenDk, // in the valid-subnet list of the selected device
+  Green,   // the entry picked in that list
+};
+
+/// The reason of lock box `box`, 0 to 4.
+constexpr SpriteTag yellowTag(std::int32_t box) {
+  return static_cast<SpriteTag>(static_cast<std::int32_t>(SpriteTag::Yellow0) + box);
+}
+constexpr bool isYellow(SpriteTag tag) {
+  return tag >= SpriteTag::Yellow0 && tag <= SpriteTag::Yellow4;
+}
+constexpr bool isGreen(SpriteTag tag) {
+  return tag == SpriteTag::GreenDk || tag == SpriteTag::Green;
+}
+
 /// One device on the surface, as a plain value: a hundred thousand of them may be copied, searched
 /// and painted in a frame's time. Positions and sizes are pixels of the surface.
 struct Sprite {
@@ -34,6 +57,7 @@ struct Sprite {
   std::int16_t Width = blankWidth;
   std::int16_t Height = blankHeight;
   bool Visible = true;
+  SpriteTag Tag = SpriteTag::None;
   SpriteLayer layer;
 
   /// Takes the picture's size too; without a picture a sprite is 48 by 32.

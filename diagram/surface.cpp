@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "diagram/surface.h"
 
+#include "forms/form.h"
+
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -36,6 +39,17 @@ private:
   std::vector<QLineF> m_lines;
 };
 
+/// A text at the centre, with an edge around it that keeps it readable on any picture.
+void paintNumber(QPainter &painter, const QRect &area, const QString &text, const QColor &colour) {
+  const QColor edge = qGray(colour.rgb()) < 128 ? Qt::white : Qt::black;
+  painter.setPen(edge);
+  for (const QPoint offset : {QPoint(-1, -1), QPoint(0, -1), QPoint(1, -1), QPoint(-1, 0),
+                              QPoint(1, 0), QPoint(-1, 1), QPoint(0, 1), QPoint(1, 1)})
+    painter.drawText(area.translated(offset), Qt::AlignCenter | Qt::TextDontClip, text);
+  painter.setPen(colour);
+  painter.drawText(area, Qt::AlignCenter | Qt::TextDontClip, text);
+}
+
 void paintLayer(QPainter &painter, const QRect &area, const SpriteLayer &layer) {
   if (layer.frameWidth == 0)
     return;
@@ -44,7 +58,7 @@ void paintLayer(QPainter &painter, const QRect &area, const SpriteLayer &layer) 
   painter.setPen(pen);
   painter.drawRect(QRect(area.left() + 1, area.top() + 1, area.width() - 2, area.height() - 2));
   if (layer.number >= 0)
-    painter.drawText(area, Qt::AlignCenter, QString::number(layer.number));
+    paintNumber(painter, area, QString::number(layer.number), toQColor(layer.colour));
 }
 
 void paintSprite(QPainter &painter, const Sprite &sprite) {
@@ -63,6 +77,9 @@ void paintSprite(QPainter &painter, const Sprite &sprite) {
 } // namespace
 
 Surface::Surface(QWidget *parent) : QWidget(parent) {
+  QFont numberFont = formFont(9.75);
+  numberFont.setBold(true);
+  setFont(numberFont);
   setObjectName(QStringLiteral("picLayout"));
   resize(size, size);
   // Opaque, so that scrolling moves pixels instead of painting them anew.
@@ -153,9 +170,66 @@ void Surface::paintLines(QPainter &painter, const QRect &area) const {
 }
 
 void Surface::paintSprites(QPainter &painter, const QRect &area) const {
+  painter.setFont(font());
   for (const Sprite &sprite : picSystem)
     if (sprite.Visible && sprite.overlaps(area))
       paintSprite(painter, sprite);
+}
+
+QPoint Surface::within(std::int32_t sprite, QPoint point) const {
+  return point - QPoint(picSystem(sprite).Left, picSystem(sprite).Top);
+}
+
+void Surface::press(const QMouseEvent &event) {
+  const QPoint at = event.position().toPoint();
+  const std::int32_t sprite = spriteAt(at);
+  m_pressed = sprite;
+  m_lastPressed = sprite;
+  if (sprite != bareSurface)
+    events->picSystem_MouseDown(sprite, event.button(), within(sprite, at),
+                                event.globalPosition().toPoint());
+}
+
+void Surface::mousePressEvent(QMouseEvent *event) {
+  if (events != nullptr)
+    press(*event);
+}
+
+void Surface::mouseDoubleClickEvent(QMouseEvent *event) {
+  if (events == nullptr)
+    return;
+  const std::int32_t sprite = spriteAt(event->position().toPoint());
+  // Two quick clicks on two sprites are two presses.
+  if (sprite == bareSurface || sprite != m_lastPressed || event->button() != Qt::LeftButton) {
+    press(*event);
+    return;
+  }
+  m_pressed = sprite;
+  events->picSystem_DblClick(sprite);
+}
+
+void Surface::mouseMoveEvent(QMouseEvent *event) {
+  if (events == nullptr)
+    return;
+  const QPoint at = event->position().toPoint();
+  const std::int32_t sprite = m_pressed.value_or(spriteAt(at));
+  if (sprite == bareSurface)
+    events->picLayout_MouseMove(at);
+  else if (sprite <= picSystem.UBound())
+    events->picSystem_MouseMove(sprite, within(sprite, at));
+}
+
+void Surface::mouseReleaseEvent(QMouseEvent *event) {
+  if (events == nullptr || !m_pressed)
+    return;
+  const std::int32_t sprite = *m_pressed;
+  m_pressed.reset();
+  if (sprite != bareSurface) {
+    if (sprite <= picSystem.UBound())
+      events->picSystem_MouseUp(sprite, event->button(), event->globalPosition().toPoint());
+  } else if (visibleRegion().contains(event->position().toPoint())) {
+    events->picLayout_Click();
+  }
 }
 
 } // namespace vnb

@@ -4,11 +4,13 @@
 
 #include "diagram/line.h"
 #include "diagram/sprite.h"
+#include "diagram/surfaceevents.h"
 #include "runtime/controlarray.h"
 
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 namespace vnb {
 
@@ -20,6 +22,9 @@ public:
   static constexpr int size = 2500;
 
   explicit Surface(QWidget *parent);
+
+  /// Gets what the pointer does. May be null.
+  SurfaceEvents *events = nullptr;
 
   /// Element i shows Systems(i); element 0 stands from the start.
   ControlArray<Sprite> picSystem;
@@ -46,8 +51,15 @@ public:
   /// Paints `area` of the surface.
   void paint(QPainter &painter, const QRect &area) const;
 
+  /// Takes the press that an event was told of as ended: its release goes elsewhere.
+  void releasePointer() { m_pressed.reset(); }
+
 protected:
   void paintEvent(QPaintEvent *event) override;
+  void mousePressEvent(QMouseEvent *event) override;
+  void mouseDoubleClickEvent(QMouseEvent *event) override;
+  void mouseMoveEvent(QMouseEvent *event) override;
+  void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
   /// The drawn grid: what there is of the persistent layer.
@@ -56,6 +68,11 @@ private:
     Colour colour = 0;
   };
 
+  static constexpr std::int32_t bareSurface = -1;
+
+  void press(const QMouseEvent &event);
+  /// `point` of the surface in pixels of a sprite.
+  QPoint within(std::int32_t sprite, QPoint point) const;
   void touch(const QRect &area);
   void paintGrid(QPainter &painter, const QRect &area) const;
   void paintLines(QPainter &painter, const QRect &area) const;
@@ -63,7 +80,9 @@ private:
 
   Colour m_backColor = 0;
   Grid m_grid;
-  int m_touches = 0; // since the last repaint
+  int m_touches = 0;                     // since the last repaint
+  std::optional<std::int32_t> m_pressed; // a sprite or bareSurface, while a button is held
+  std::int32_t m_lastPressed = bareSurface;
 };
 
 } // namespace vnb

@@ -3,6 +3,7 @@
 
 #include "appearance/colours.h"
 #include "appearance/frmThemes.h"
+#include "editor/frmToolbox.h"
 #include "forms/pictures.h"
 #include "runtime/report.h"
 #include "runtime/twips.h"
@@ -60,7 +61,9 @@ private:
 
 frmMain::frmMain()
     : m_toolbar(this, [this](std::size_t index) { buttonClicked(index); }), m_viewport(*this),
-      m_operations(m_viewport.picLayout()),
+      m_operations(m_viewport.picLayout()), m_selection(m_viewport.picLayout(), *this),
+      m_gestures(*this, m_selection, m_operations, m_toolbar),
+      m_contextMenu(m_selection, m_operations),
       m_shortcuts(
           *this, [this](int KeyCode, Qt::KeyboardModifiers Shift) { Form_KeyUp(KeyCode, Shift); }) {
   setObjectName(QStringLiteral("frmMain"));
@@ -68,6 +71,10 @@ frmMain::frmMain()
   setFocusPolicy(Qt::StrongFocus);
   resize(designSize);
   picLayout().picSystem(0).setPicture(LoadResPicture(ResIDFromType(SystemType::Router)));
+  m_gestures.openMenu = [this](std::int32_t Index, QPoint global) { openMenu(Index, global); };
+  m_operations.Cleared = [this] { showNoDevice(); };
+  frmToolbox::Operations = &m_operations;
+  frmToolbox::Drops = &m_gestures;
   frmThemes::View = this;
   frmSettings::LinkColorChanged = [this] { linkColorChanged(); };
 }
@@ -128,6 +135,7 @@ void frmMain::closeEvent(QCloseEvent *event) {
 
 void frmMain::Form_Unload() {
   SaveSettings(*this);
+  Form<frmToolbox>::unload();
   QCoreApplication::quit();
 }
 
@@ -142,8 +150,17 @@ void frmMain::Form_Resize() {
   });
 }
 
-void frmMain::mouseMoveEvent(QMouseEvent * /*event*/) {
-  m_toolbar.setStatus({});
+void frmMain::mouseMoveEvent(QMouseEvent *event) {
+  m_gestures.Form_MouseMove(event->position().toPoint());
+}
+
+void frmMain::mouseReleaseEvent(QMouseEvent *event) {
+  if (rect().contains(event->position().toPoint()))
+    m_gestures.Form_Click();
+}
+
+void frmMain::openMenu(std::int32_t Index, QPoint global) {
+  m_contextMenu.build(Index, *this)->exec(global);
 }
 
 void frmMain::wheelEvent(QWheelEvent *event) {
@@ -155,14 +172,18 @@ void frmMain::Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift) {
   for (std::size_t i = 0; i < buttons.size(); ++i)
     if (buttons[i].key == KeyCode && Shift == buttons[i].modifier)
       buttonClicked(i);
+  if (KeyCode == Qt::Key_Delete && Shift != Qt::ControlModifier && Shift != Qt::AltModifier &&
+      lSelectedItem > 0)
+    m_contextMenu.mnuRemove_Click();
 }
 
 void frmMain::buttonClicked(std::size_t index) {
   using Action = void (frmMain::*)();
-  static constexpr std::array<std::pair<std::string_view, Action>, 5> actions{{
+  static constexpr std::array<std::pair<std::string_view, Action>, 6> actions{{
       {"picNew", &frmMain::picNew_Click},
       {"picLoad", &frmMain::picLoad_Click},
       {"picSave", &frmMain::picSave_Click},
+      {"picAdd", &frmMain::picAdd_Click},
       {"picThemes", &frmMain::picThemes_Click},
       {"picSettings", &frmMain::picSettings_Click},
   }};
@@ -196,6 +217,10 @@ void frmMain::picSave_Click() {
   });
 }
 
+void frmMain::picAdd_Click() {
+  Form<frmToolbox>::instance().showOwned(this);
+}
+
 void frmMain::picThemes_Click() {
   Form<frmThemes>::instance().showModal(nullptr);
 }
@@ -227,6 +252,7 @@ void frmMain::UpdateColors() {
   m_viewport.UpdateColors();
   Form<frmSettings>::instance().UpdateColors();
   Form<frmThemes>::instance().UpdateColors();
+  Form<frmToolbox>::instance().UpdateColors();
 }
 
 void frmMain::loadButtonImages(const QString &tag, const QString &files) {

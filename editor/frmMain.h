@@ -5,6 +5,8 @@
 #include "appearance/theme.h"
 #include "diagram/operations.h"
 #include "diagram/viewport.h"
+#include "editor/contextmenu.h"
+#include "editor/gestures.h"
 #include "editor/shortcuts.h"
 #include "editor/toolbar.h"
 #include "shell/settings.h"
@@ -13,7 +15,7 @@
 
 namespace vnb {
 
-class frmMain : public QWidget, private ThemeView, private SettingsView {
+class frmMain : public QWidget, private ThemeView, private SettingsView, private SelectionPanels {
 public:
   /// The window in its design state, hidden.
   frmMain();
@@ -25,16 +27,19 @@ public:
 
   Surface &picLayout() { return m_viewport.picLayout(); }
   DiagramOperations &operations() { return m_operations; }
+  Selection &selection() { return m_selection; }
 
   void picNew_Click();
   void picLoad_Click();
   void picSave_Click();
+  void picAdd_Click();
   void picThemes_Click();
   void picSettings_Click();
 
 protected:
   void resizeEvent(QResizeEvent *event) override;
   void mouseMoveEvent(QMouseEvent *event) override;
+  void mouseReleaseEvent(QMouseEvent *event) override;
   void wheelEvent(QWheelEvent *event) override;
   void closeEvent(QCloseEvent *event) override;
 
@@ -45,6 +50,13 @@ private:
   void buttonClicked(std::size_t index);
   void openFile(const QString &sFileName, bool bTakeYourTime);
   void showOnScreen();
+
+  void openMenu(std::int32_t Index, QPoint global);
+
+  void fillDevice() override {}
+  void fillLinks() override {}
+  void fillSubnets() override {}
+  void showNoDevice() override {}
 
   void linkColorChanged() override;
   void UpdateColors() override;
@@ -61,6 +73,9 @@ private:
   Toolbar m_toolbar;
   Viewport m_viewport;
   DiagramOperations m_operations;
+  Selection m_selection;
+  Gestures m_gestures;
+  ContextMenu m_contextMenu;
   Shortcuts m_shortcuts;
 };
 

@@ -13,7 +13,6 @@ namespace vnb {
 class Termination : public QObject {
 public:
   Termination(std::function<void()> end, const std::function<void()> &save);
-
 };
 
 } // namespace vnb

@@ -87,6 +87,8 @@ void Toolbar::UpdateColors() {
 }
 
 void Toolbar::setStatus(const QString &text) {
+  if (text == m_lblStatus->text())
+    return;
   m_lblStatus->setText(text);
   m_lblStatus->adjustSize();
 }

@@ -4,7 +4,11 @@
 #include "runtime/error.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QImageReader>
+
+#include <algorithm>
+#include <cmath>
 
 static void initResources() {
   Q_INIT_RESOURCE(pictures);
@@ -23,13 +27,31 @@ QPixmap LoadResPicture(const QString &name) {
   return picture;
 }
 
+namespace {
+
+/// The sharp variant of a picture for the screen's scale, or the picture itself.
+QString variant(const QString &path) {
+  const QFileInfo file(path);
+  for (int scale = std::min(3, static_cast<int>(std::ceil(qApp->devicePixelRatio()))); scale > 1;
+       --scale) {
+    QString sharp =
+        QStringLiteral("%1/%2@%3x.%4")
+            .arg(file.path(), file.completeBaseName(), QString::number(scale), file.suffix());
+    if (QFileInfo(sharp).isFile())
+      return sharp;
+  }
+  return path;
+}
+
+} // namespace
+
 QPixmap LoadPicture(const QString &path) {
   constexpr int largest = 4096;
   if (!QFileInfo::exists(path))
     throw RuntimeError(Fault::FileNotFound);
   if (!QFileInfo(path).isFile())
     throw RuntimeError(Fault::PathFileAccess);
-  QImageReader reader(path);
+  QImageReader reader(variant(path)); // tells the scale by the name
   const QSize size = reader.size();
   QImage image;
   if (size.width() > largest || size.height() > largest || !reader.read(&image) || image.isNull())

@@ -3,6 +3,7 @@
 // The program loads ready-made bitmaps, so that its own pictures and those of a user's theme take
 // the same path; this tool turns the drawn sources into such bitmaps while the program is built.
 
+#include <QColor>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -23,6 +24,13 @@ namespace vnb {
 
 using Palette = QHash<QString, QString>;
 
+/// What a theme makes of the drawn sources.
+struct Look {
+  Palette palette;
+  /// Clear unless given. A theme's pictures are opaque, so that no line shows through a device.
+  QColor background = Qt::transparent;
+};
+
 struct Layer {
   QString svgPath;
   QPointF shift;
@@ -35,7 +43,7 @@ struct ButtonState {
 
 struct Arguments {
   QString outDir;
-  QString paletteFile;
+  Look look;
   QStringList svgPaths;
 };
 
@@ -90,23 +98,26 @@ void loadSvg(QSvgRenderer &renderer, const QString &path, const Palette &palette
 }
 
 // The first layer gives the size of the picture.
-void writePictures(const QString &outStem, const QList<Layer> &layers, const Palette &palette) {
+void writePictures(const QString &outStem, const QList<Layer> &layers, const Look &look) {
   QSvgRenderer base;
-  loadSvg(base, layers.first().svgPath, palette);
+  loadSvg(base, layers.first().svgPath, look.palette);
   const QSize size = base.defaultSize();
+  const QImage::Format format = look.background == Qt::transparent
+                                    ? QImage::Format_ARGB32_Premultiplied
+                                    : QImage::Format_RGB32;
 
   for (const int scale : {1, 2, 3}) {
-    QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);
+    QImage image(size * scale, format);
     if (image.isNull()) {
       fail(layers.first().svgPath + ": has no usable size");
     }
-    image.fill(Qt::transparent);
+    image.fill(look.background);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(scale, scale);
     for (const Layer &layer : layers) {
       QSvgRenderer renderer;
-      loadSvg(renderer, layer.svgPath, palette);
+      loadSvg(renderer, layer.svgPath, look.palette);
       renderer.render(&painter, QRectF(layer.shift, renderer.defaultSize()));
     }
     painter.end();
@@ -119,41 +130,66 @@ void writePictures(const QString &outStem, const QList<Layer> &layers, const Pal
   }
 }
 
-void writeButton(const QString &outStem, const QFileInfo &glyph, const Palette &palette) {
+void writeButton(const QString &outStem, const QFileInfo &glyph, const Look &look) {
   static const std::array<ButtonState, 3> states{{{"", {0, 0}}, {"_H", {0, 0}}, {"_C", {1, 1}}}};
 
   QSvgRenderer renderer;
-  loadSvg(renderer, glyph.filePath(), palette);
+  loadSvg(renderer, glyph.filePath(), look.palette);
   const QString plateStem =
       QString("%1/plates/%2").arg(glyph.path()).arg(renderer.defaultSize().width());
   for (const ButtonState &state : states) {
     writePictures(
         outStem + state.suffix,
-        {{plateStem + state.suffix + ".svg", {0, 0}}, {glyph.filePath(), state.glyphShift}},
-        palette);
+        {{plateStem + state.suffix + ".svg", {0, 0}}, {glyph.filePath(), state.glyphShift}}, look);
   }
 }
 
-void writeSource(const QString &outDir, const QString &svgPath, const Palette &palette) {
+void writeSource(const QString &outDir, const QString &svgPath, const Look &look) {
   const QFileInfo source(svgPath);
   const QString outStem = outDir + '/' + source.completeBaseName();
   if (QFileInfo(source.absolutePath()).fileName() == "buttons") {
-    writeButton(outStem, source, palette);
+    writeButton(outStem, source, look);
   } else {
-    writePictures(outStem, {{svgPath, {0, 0}}}, palette);
+    writePictures(outStem, {{svgPath, {0, 0}}}, look);
   }
+}
+
+QColor readColour(const QString &text) {
+  static const QRegularExpression form("^#[0-9A-Fa-f]{6}$");
+  if (!form.match(text).hasMatch()) {
+    fail("not a colour: " + text);
+  }
+  return QColor(text);
+}
+
+[[noreturn]] void failUsage() {
+  fail("usage: renderpictures OUTDIR [--palette FILE] [--background #RRGGBB] SVG...");
+}
+
+// Empty if the option isn't there.
+QString takeOption(QStringList &words, const QString &name) {
+  const qsizetype option = words.indexOf(name);
+  if (option < 0) {
+    return {};
+  }
+  if (option + 1 == words.size()) {
+    failUsage();
+  }
+  words.removeAt(option);
+  return words.takeAt(option);
 }
 
 Arguments parseArguments(QStringList words) {
   Arguments arguments;
   words.removeFirst();
-  const qsizetype option = words.indexOf("--palette");
-  if (option >= 0 && option + 1 < words.size()) {
-    arguments.paletteFile = words.takeAt(option + 1);
-    words.removeAt(option);
+  if (const QString file = takeOption(words, "--palette"); !file.isEmpty()) {
+    arguments.look.palette = readPalette(file);
   }
-  if (words.size() < 2 || words.contains("--palette")) {
-    fail("usage: renderpictures OUTDIR [--palette FILE] SVG...");
+  if (const QString colour = takeOption(words, "--background"); !colour.isEmpty()) {
+    arguments.look.background = readColour(colour);
+  }
+  if (words.size() < 2) {
+    failUsage();
   }
   arguments.outDir = words.takeFirst();
   arguments.svgPaths = words;
@@ -162,10 +198,8 @@ Arguments parseArguments(QStringList words) {
 
 void run(const QStringList &words) {
   const Arguments arguments = parseArguments(words);
-  const Palette palette =
-      arguments.paletteFile.isEmpty() ? Palette() : readPalette(arguments.paletteFile);
   for (const QString &svgPath : arguments.svgPaths) {
-    writeSource(arguments.outDir, svgPath, palette);
+    writeSource(arguments.outDir, svgPath, arguments.look);
   }
 }
 

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "diagram/selection.h"
+
+#include "document/modDeclares.h"
+#include "runtime/report.h"
+
+#include <algorithm>
+
+namespace vnb {
+
+void Selection::wipe(Sprite &sprite) {
+  m_surface.touch(sprite);
+  sprite.layer = {};
+}
+
+void Selection::wipeLoose(std::int32_t lIndex) {
+  std::erase_if(m_loose, [&](std::int32_t i) {
+    if (i == lIndex || i == lSelectedItem)
+      return false;
+    if (i <= m_surface.picSystem.UBound() && m_surface.picSystem(i).Tag == SpriteTag::None)
+      wipe(m_surface.picSystem(i));
+    return true;
+  });
+}
+
+void Selection::frame(std::int32_t lIndex, Colour lColour, bool withNumber) {
+  Sprite &sprite = m_surface.picSystem(lIndex);
+  const bool thin = sprite.lType == SystemType::Lock && lColour != SelectedColor;
+  sprite.layer = {.colour = lColour,
+                  .frameWidth = static_cast<std::uint8_t>(thin ? 1 : 2),
+                  .dotted = thin,
+                  .number = withNumber ? lIndex : -1};
+  m_surface.touch(sprite);
+  if (sprite.Tag == SpriteTag::None && std::ranges::find(m_loose, lIndex) == m_loose.end())
+    m_loose.push_back(lIndex);
+}
+
+void Selection::SelectItem(std::int32_t lIndex, Colour lColour, bool bDoNotSelect) {
+  const Report report("frmMain", "SelectItem");
+  const bool framed = report([&] {
+                        if (bDoNotSelect)
+                          wipeLoose(lIndex);
+                      }) &&
+                      report([&] { frame(lIndex, lColour, !bDoNotSelect); });
+  if (!framed || bDoNotSelect)
+    return;
+  report([&] { lSelectedItem = lIndex; }) && report([&] { ClearAllHilites(); }) &&
+      report([&] { ClearLinkHilites(); }) && report([&] { m_panels.fillDevice(); }) &&
+      report([&] { m_panels.fillLinks(); }) && report([&] { m_panels.fillSubnets(); });
+}
+
+void Selection::Deselect() {
+  if (lSelectedItem < 0)
+    return;
+  for (Sprite &sprite : m_surface.picSystem) {
+    sprite.layer = {};
+    sprite.Tag = SpriteTag::None;
+  }
+  m_surface.update();
+  m_loose.clear();
+  ClearLinkHilites();
+  lSelectedItem = -1;
+  m_panels.showNoDevice();
+}
+
+void Selection::ClearLinkHilites() {
+  for (std::int32_t i = 1; i <= m_surface.lneLink.UBound(); ++i) {
+    Line &line = m_surface.lneLink(i);
+    if (line.BorderColor == LinkColor)
+      continue;
+    line.BorderColor = LinkColor;
+    m_surface.touch(line);
+  }
+}
+
+template <class Test>
+void Selection::clearHilites(Test test) {
+  for (std::int32_t i = 0; i <= m_surface.picSystem.UBound(); ++i) {
+    Sprite &sprite = m_surface.picSystem(i);
+    if (!test(sprite.Tag))
+      continue;
+    sprite.Tag = SpriteTag::None;
+    if (i != lSelectedItem && sprite.layer.frameWidth > 0)
+      wipe(sprite);
+  }
+}
+
+void Selection::ClearAllHilites() {
+  clearHilites([](SpriteTag) { return true; });
+  std::erase_if(m_loose, [](std::int32_t i) { return i != lSelectedItem; });
+}
+
+void Selection::ClearLockHilites() {
+  clearHilites(isYellow);
+}
+void Selection::ClearSubnetHilites() {
+  clearHilites(isGreen);
+}
+
+} // namespace vnb

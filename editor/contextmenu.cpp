@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "editor/contextmenu.h"
+
+#include "appearance/images.h"
+#include "runtime/messagebox.h"
+
+namespace vnb {
+namespace {
+
+constexpr std::int32_t firstType = 2; // the router can't be chosen
+
+/// "Link to Hub 3", or "Link from" where the link ends at `Index`.
+QString linkCaption(std::int32_t lLink, std::int32_t Index) {
+  const LinkRec &link = Links[static_cast<std::size_t>(lLink)];
+  const bool to = link.lFrom == Index;
+  const std::int32_t other = to ? link.lTo : link.lFrom;
+  const std::int32_t lType = other >= 0 && other <= UBound(Systems)
+                                 ? Systems[static_cast<std::size_t>(other)].lType
+                                 : SystemType::Unknown;
+  return (to ? QStringLiteral("Link to ") : QStringLiteral("Link from ")) +
+         NameFromType(lType, true) + u' ' + QString::number(other);
+}
+
+bool confirmed(const QString &question) {
+  return showMessageBox({.title = QStringLiteral("Really remove it?"),
+                         .text = question,
+                         .icon = MessageBox::Icon::Question,
+                         .buttons = MessageBox::Buttons::YesNo}) == Answer::Yes;
+}
+
+} // namespace
+
+std::unique_ptr<QMenu> ContextMenu::build(std::int32_t Index, QWidget &parent) {
+  auto mnuPopup = std::make_unique<QMenu>(&parent);
+  mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
+  addLinks(*mnuPopup, Index);
+  mnuPopup->addSeparator();
+  addTypes(*mnuPopup, Index);
+  const QString name = m_selection.surface().picSystem(Index).ToolTipText().toLower();
+  QAction *mnuRemove = mnuPopup->addAction(QStringLiteral("Remove this ") + name);
+  mnuRemove->setObjectName(QStringLiteral("mnuRemove"));
+  mnuRemove->setEnabled(Index > 0);
+  QObject::connect(mnuRemove, &QAction::triggered, mnuRemove, [this] { mnuRemove_Click(); });
+  return mnuPopup;
+}
+
+void ContextMenu::addLinks(QMenu &mnuPopup, std::int32_t Index) {
+  QMenu *mnuLinks = mnuPopup.addMenu(QStringLiteral("Links"));
+  mnuLinks->setObjectName(QStringLiteral("mnuLinks"));
+  mnuLinks->setEnabled(SystemHasLinks(Index));
+  // Filled when it opens: a device can have thousands of links, and most openings don't look.
+  QObject::connect(mnuLinks, &QMenu::aboutToShow, mnuLinks, [this, mnuLinks, Index] {
+    mnuLinks->clear();
+    const std::vector<std::int32_t> links = RetrieveLinks(Index);
+    for (std::size_t i = 1; i < links.size(); ++i) {
+      const std::int32_t lLink = links[i];
+      const QString caption = linkCaption(lLink, Index);
+      QAction *mnuLink = mnuLinks->addAction(caption);
+      QObject::connect(mnuLink, &QAction::triggered, mnuLink,
+                       [this, caption, lLink] { mnuLink_Click(caption, lLink); });
+    }
+  });
+}
+
+void ContextMenu::addTypes(QMenu &mnuPopup, std::int32_t Index) {
+  QMenu *mnuChange = mnuPopup.addMenu(QStringLiteral("&Change type"));
+  mnuChange->setObjectName(QStringLiteral("mnuChange"));
+  mnuChange->setEnabled(Index > 0);
+  for (std::int32_t lType = firstType; lType <= SystemType::Last; ++lType) {
+    QAction *mnuType = mnuChange->addAction(NameFromType(lType, true));
+    mnuType->setCheckable(true);
+    mnuType->setChecked(Systems[static_cast<std::size_t>(Index)].lType == lType);
+    QObject::connect(mnuType, &QAction::triggered, mnuType,
+                     [this, lType] { mnuType_Click(lType); });
+  }
+}
+
+void ContextMenu::mnuLink_Click(const QString &caption, std::int32_t lLink) {
+  if (confirmed(QStringLiteral("Are you sure you want to remove the l") + caption.mid(1) + u'?'))
+    m_operations.RemoveLink(lLink, false);
+  selectAgain();
+}
+
+void ContextMenu::mnuRemove_Click() {
+  const Sprite &sprite = m_selection.surface().picSystem(lSelectedItem);
+  if (confirmed(QStringLiteral("Really remove this ") + sprite.ToolTipText().toLower() + u'?'))
+    m_operations.RemoveSystem(lSelectedItem);
+  selectAgain();
+}
+
+/// Refills the panels. The number now stands for the device that has moved into the place, or for
+/// none if the last one went.
+void ContextMenu::selectAgain() {
+  constexpr Colour black = 0;
+  if (lSelectedItem > m_selection.surface().picSystem.UBound())
+    m_selection.Deselect();
+  else if (lSelectedItem != -1)
+    m_selection.SelectItem(lSelectedItem, black, false);
+}
+
+/// In place: fields, links, frame and panels stay as they are.
+void ContextMenu::mnuType_Click(std::int32_t lType) {
+  Surface &surface = m_selection.surface();
+  Sprite &sprite = surface.picSystem(lSelectedItem);
+  m_operations.ReplaceSystem(lSelectedItem, lType);
+  surface.touch(sprite);
+  sprite.setPicture(DeviceImages(lType));
+  sprite.lType = lType;
+  surface.touch(sprite);
+}
+
+} // namespace vnb

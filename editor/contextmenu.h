@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+/// The context menu of a device: its links, its type, its removal.
+#pragma once
+
+#include "diagram/operations.h"
+#include "diagram/selection.h"
+
+#include <QMenu>
+
+#include <memory>
+
+namespace vnb {
+
+class ContextMenu {
+public:
+  ContextMenu(Selection &selection, DiagramOperations &operations)
+      : m_selection(selection), m_operations(operations) {}
+
+  /// `mnuPopup` for sprite `Index`, which is the selected device.
+  std::unique_ptr<QMenu> build(std::int32_t Index, QWidget &parent);
+
+  /// Asks whether to remove the selected device, and does it. Also run by the Delete key.
+  void mnuRemove_Click();
+
+private:
+  void addLinks(QMenu &mnuPopup, std::int32_t Index);
+  void addTypes(QMenu &mnuPopup, std::int32_t Index);
+  void mnuLink_Click(const QString &caption, std::int32_t lLink);
+  void mnuType_Click(std::int32_t lType);
+  void selectAgain();
+
+  Selection &m_selection;
+  DiagramOperations &m_operations;
+};
+
+} // namespace vnb

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "editor/frmToolbox.h"
+
+#include "appearance/colours.h"
+#include "appearance/images.h"
+#include "editor/gestures.h"
+#include "forms/controls.h"
+#include "forms/drag.h"
+#include "forms/picturebox.h"
+#include "runtime/messagebox.h"
+#include "runtime/report.h"
+#include "runtime/twips.h"
+
+#include <QComboBox>
+#include <QPainter>
+#include <QPushButton>
+
+#include <array>
+
+namespace vnb {
+
+DocumentOperations *frmToolbox::Operations = nullptr;
+Gestures *frmToolbox::Drops = nullptr;
+
+namespace {
+
+/// The list; a type is its position plus 2.
+constexpr std::array items{"Hub",
+                           "Switch*",
+                           "Terminal",
+                           "Main Server",
+                           "Mail Server*",
+                           "File Server",
+                           "Authentication",
+                           "Lock",
+                           "Isolation Bridge",
+                           "Modem",
+                           "Session Key Server*",
+                           "Radio Transmitter",
+                           "Radio Receiver",
+                           "Fax Printer*",
+                           "Log Server"};
+constexpr std::int32_t firstType = 2;
+
+/// The area in which the preview is centred.
+const QRect shpPreview(pixels(2130), pixels(120), pixels(1260), pixels(990));
+
+void refuse() {
+  showMessageBox({.title = QStringLiteral("Non-addable item"),
+                  .text = QStringLiteral("This item cannot be added!"),
+                  .icon = MessageBox::Icon::Exclamation,
+                  .buttons = MessageBox::Buttons::Ok});
+}
+
+} // namespace
+
+frmToolbox::frmToolbox() : FormWindow("frmToolbox", "Toolbox", {3540, 1290}) {
+  m_cboItem = add<QComboBox>(*this, QStringLiteral("cboItem"));
+  m_cboItem->setAccessibleName(QStringLiteral("Device type"));
+  m_cboItem->setMaxVisibleItems(static_cast<int>(items.size()));
+  place(*m_cboItem, 90, 375, 1860, 300);
+  auto *cmdAdd = addCaptioned<QPushButton>(*this, "cmdAdd", "Add to LAN", {90, 765, 1860, 360});
+  m_picPreview = add<PictureBox>(*this, QStringLiteral("picPreview"));
+  m_picPreview->setAccessibleName(QStringLiteral("Preview"));
+  QLabel *lblPreview = addLabel(*this, QStringLiteral("lblPreview"), QStringLiteral("Preview"),
+                                {2205, 30, 735, 180});
+  // The label lies over the frame's upper edge.
+  lblPreview->setAutoFillBackground(true);
+  lblPreview->setBackgroundRole(QPalette::Base);
+  for (const char *item : items)
+    m_cboItem->addItem(QString::fromLatin1(item));
+  connect(m_cboItem, &QComboBox::currentIndexChanged, this, &frmToolbox::cboItem_Click);
+  connect(cmdAdd, &QPushButton::clicked, this, &frmToolbox::cmdAdd_Click);
+  m_picPreview->MouseDown = [this](Qt::MouseButton Button, QPoint at, QPoint global) {
+    picPreview_MouseDown(Button, at, global);
+  };
+}
+
+void frmToolbox::Form_Load() {
+  m_cboItem->setCurrentIndex(0);
+  cboItem_Click();
+  UpdateColors();
+}
+
+void frmToolbox::UpdateColors() {
+  applyColours(*this);
+  update();
+}
+
+void frmToolbox::paintEvent(QPaintEvent * /*event*/) {
+  QPainter painter(this);
+  painter.setPen(toQColor(TextColor));
+  painter.drawRect(shpPreview.adjusted(0, 0, -1, -1));
+}
+
+/// The form may be older than the pictures: the first theme makes it before they are loaded.
+void frmToolbox::showEvent(QShowEvent * /*event*/) {
+  if (m_picPreview->isEmpty())
+    cboItem_Click();
+}
+
+std::int32_t frmToolbox::chosenType() const {
+  return m_cboItem->currentIndex() + firstType;
+}
+
+/// The game has no switches; one can be made by changing a device's type.
+bool frmToolbox::mayAdd() const {
+  return chosenType() != SystemType::Switch;
+}
+
+void frmToolbox::cboItem_Click() {
+  reported("frmToolbox", "cboItem_Click", [this] {
+    m_picPreview->setPicture(DeviceImages(chosenType()));
+    const QSize room = (shpPreview.size() - m_picPreview->size()) / 2;
+    m_picPreview->move(shpPreview.left() + room.width(), shpPreview.top() + room.height());
+  });
+}
+
+void frmToolbox::cmdAdd_Click() {
+  reported("frmToolbox", "cmdAdd_Click", [this] {
+    if (!mayAdd()) {
+      refuse();
+      return;
+    }
+    Operations->AddSystem(chosenType(), 0, 0, 1, -1, -1, -1, {});
+  });
+}
+
+void frmToolbox::picPreview_MouseDown(Qt::MouseButton Button, QPoint at, QPoint global) {
+  if (Button != Qt::LeftButton)
+    return;
+  reported("frmToolbox", "picPreview_MouseDown", [&] {
+    Drag::instance().begin({.widget = m_picPreview,
+                            .size = m_picPreview->size(),
+                            .grab = at,
+                            .drop =
+                                [this, at](QWidget &target, QPoint place) {
+                                  if (!Drops->takesDrops(target))
+                                    return;
+                                  if (mayAdd())
+                                    Drops->dropDevice(target, place, chosenType(), at);
+                                  else
+                                    refuse();
+                                }},
+                           global);
+  });
+}
+
+} // namespace vnb

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "editor/gestures.h"
+
+#include "forms/drag.h"
+#include "runtime/numbers.h"
+#include "runtime/report.h"
+
+namespace vnb {
+
+Gestures::Gestures(QWidget &form, Selection &selection, DiagramOperations &operations,
+                   Toolbar &toolbar)
+    : m_form(form), m_surface(selection.surface()), m_selection(selection),
+      m_operations(operations), m_toolbar(toolbar) {
+  m_surface.events = this;
+  m_operations.Renumbered = [this] { endLinking(); };
+}
+
+void Gestures::picSystem_MouseDown(std::int32_t Index, Qt::MouseButton Button, QPoint at,
+                                   QPoint global) {
+  reported(
+      "frmMain", "picSystem_MouseDown",
+      [&] { m_selection.SelectItem(Index, SelectedColor, false); },
+      [&] {
+        if (Button != Qt::LeftButton)
+          return;
+        lDragX = at.x();
+        lDragY = at.y();
+        const Sprite &sprite = m_surface.picSystem(Index);
+        m_surface.releasePointer();
+        Drag::instance().begin(
+            {.widget = &m_surface,
+             .size = QSize(sprite.Width, sprite.Height),
+             .grab = at,
+             .drop = [this, Index](QWidget &target,
+                                   QPoint place) { dropSystem(target, place, Index); }},
+            global);
+      });
+}
+
+bool Gestures::takesDrops(const QWidget &target) const {
+  return &target == &m_surface || &target == &m_form;
+}
+
+const char *Gestures::dropProcedure(const QWidget &target, QPoint at) const {
+  if (&target == &m_form)
+    return "Form_DragDrop";
+  return m_surface.spriteAt(at) >= 0 ? "picSystem_DragDrop" : "picLayout_DragDrop";
+}
+
+/// A drop on a sprite comes to the same as one on the surface beneath it: its place plus the
+/// sprite's. The form's coordinates are taken for the surface's as they come.
+void Gestures::dropSystem(QWidget &target, QPoint at, std::int32_t Index) {
+  if (!takesDrops(target) || Index > m_surface.picSystem.UBound())
+    return;
+  reported("frmMain", dropProcedure(target, at), [&] {
+    Sprite &sprite = m_surface.picSystem(Index);
+    m_surface.touch(sprite);
+    sprite.Left = at.x() - lDragX;
+    sprite.Top = at.y() - lDragY;
+    m_surface.touch(sprite);
+    SystemRec &record = Systems[static_cast<std::size_t>(Index)];
+    record.lX = sprite.Left;
+    record.lY = sprite.Top;
+    m_operations.RefreshLinks(Index);
+  });
+}
+
+void Gestures::dropDevice(QWidget &target, QPoint at, std::int32_t lType, QPoint grab) {
+  if (!takesDrops(target))
+    return;
+  reported("frmMain", dropProcedure(target, at), [&] {
+    const QPoint corner = at - grab;
+    m_operations.AddSystem(lType, corner.x(), corner.y(), 1, -1, -1, -1, {});
+  });
+}
+
+void Gestures::picSystem_DblClick(std::int32_t Index) {
+  reported("frmMain", "picSystem_DblClick", [&] {
+    if (!bLinking)
+      startLink(Index);
+    else if (Index == lLinkFrom)
+      endLinking();
+    else
+      finishLink(Index);
+  });
+}
+
+void Gestures::startLink(std::int32_t Index) {
+  const Sprite &sprite = m_surface.picSystem(Index);
+  bLinking = true;
+  lLinkX = roundToLong(sprite.Left + sprite.Width / 2.0);
+  lLinkY = roundToLong(sprite.Top + sprite.Height / 2.0);
+  lLinkFrom = Index;
+}
+
+void Gestures::finishLink(std::int32_t Index) {
+  m_operations.AddLink(lLinkFrom, 0.5, 0.5, Index, 0.5, 0.5, 1);
+  endLinking();
+}
+
+void Gestures::endLinking() {
+  m_surface.touch(m_surface.lneXOR);
+  m_surface.lneXOR.Visible = false;
+  bLinking = false;
+}
+
+void Gestures::moveBand(QPoint end, bool show) {
+  Line &band = m_surface.lneXOR;
+  if (band.Visible)
+    m_surface.touch(band);
+  band.X1 = static_cast<float>(lLinkX);
+  band.Y1 = static_cast<float>(lLinkY);
+  band.X2 = static_cast<float>(end.x());
+  band.Y2 = static_cast<float>(end.y());
+  band.Visible = band.Visible || show;
+  if (band.Visible)
+    m_surface.touch(band);
+}
+
+void Gestures::picSystem_MouseMove(std::int32_t Index, QPoint at) {
+  reported("frmMain", "picSystem_MouseMove", [&] {
+    const Sprite &sprite = m_surface.picSystem(Index);
+    m_toolbar.setStatus(sprite.ToolTipText() + u' ' + QString::number(Index));
+    if (bLinking)
+      moveBand(at + QPoint(sprite.Left, sprite.Top), false);
+  });
+}
+
+void Gestures::picLayout_MouseMove(QPoint at) {
+  reported("frmMain", "picLayout_MouseMove", [&] {
+    m_toolbar.setStatus({});
+    if (bLinking)
+      moveBand(at, true);
+  });
+}
+
+void Gestures::picSystem_MouseUp(std::int32_t Index, Qt::MouseButton Button, QPoint global) {
+  if (Button == Qt::RightButton)
+    reported("frmMain", "picSystem_MouseUp", [&] { openMenu(Index, global); });
+}
+
+void Gestures::picLayout_Click() {
+  reported("frmMain", "picLayout_Click", [this] { m_selection.Deselect(); });
+}
+
+} // namespace vnb
