@@ -140,6 +140,15 @@ void DiagramOperations::RefreshLinks(std::int32_t lIndex) {
   }
 }
 
+void DiagramOperations::RefreshLine(std::int32_t lIndex) {
+  const Report report("frmMain", "RefreshLinks");
+  Line &line = m_surface.lneLink(lIndex);
+  m_surface.touch(line);
+  if (layFirstEnd(report, line, link(lIndex)) && laySecondEnd(report, line, link(lIndex)))
+    line.Visible = true;
+  m_surface.touch(line);
+}
+
 /// Every line is laid once from its record; those without a record go, also when the user leaves.
 void DiagramOperations::layAllLines(const Report &report) {
   ControlArray<Line> &lneLink = m_surface.lneLink;

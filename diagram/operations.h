@@ -28,6 +28,9 @@ public:
   /// Brings the line ends at device `lIndex` up to date and shows those lines.
   void RefreshLinks(std::int32_t lIndex);
 
+  /// Lays both ends of line `lIndex` from its record and shows it.
+  void RefreshLine(std::int32_t lIndex);
+
   /// Moves sprite 0 to the place that the reader has stored.
   void moveRouter();
 

@@ -5,6 +5,11 @@
 #include "appearance/frmThemes.h"
 #include "editor/frmToolbox.h"
 #include "forms/pictures.h"
+#include "panels/context.h"
+#include "panels/frmDevice.h"
+#include "panels/frmLanInfo.h"
+#include "panels/frmLinks.h"
+#include "panels/frmSubnet.h"
 #include "runtime/report.h"
 #include "runtime/twips.h"
 #include "shell/cdlgex.h"
@@ -44,6 +49,9 @@ class EditorReaderView : public DiagramReaderView {
 public:
   using DiagramReaderView::DiagramReaderView;
 
+  void headerRead(HeaderField field) override { Form<frmLanInfo>::instance().showField(field); }
+  void populateLockBoxes() override { Form<frmDevice>::instance().PopulateLockBoxes(); }
+
   /// Events need a turn from time to time, not at each of a hundred thousand lines.
   void yield() override {
     constexpr qint64 turn = 50; // milliseconds
@@ -73,6 +81,8 @@ frmMain::frmMain()
   picLayout().picSystem(0).setPicture(LoadResPicture(ResIDFromType(SystemType::Router)));
   m_gestures.openMenu = [this](std::int32_t Index, QPoint global) { openMenu(Index, global); };
   m_operations.Cleared = [this] { showNoDevice(); };
+  m_operations.PopulateLockBoxes = [] { Form<frmDevice>::instance().PopulateLockBoxes(); };
+  panelContext = {.selection = &m_selection, .operations = &m_operations};
   frmToolbox::Operations = &m_operations;
   frmToolbox::Drops = &m_gestures;
   frmThemes::View = this;
@@ -116,7 +126,8 @@ void frmMain::Form_Load() {
           openFile(Cdlg.FileName, true);
         DoEvents();
       },
-      [this] { showOnScreen(); }, [&] { splash.hide(); });
+      [this] { showOnScreen(); }, [&] { splash.hide(); },
+      [] { Form<frmDevice>::instance().PopulateLockBoxes(); });
 }
 
 /// Shows the window, and brings it back if its stored place lies on no screen.
@@ -135,6 +146,10 @@ void frmMain::closeEvent(QCloseEvent *event) {
 
 void frmMain::Form_Unload() {
   SaveSettings(*this);
+  Form<frmDevice>::unload();
+  Form<frmLanInfo>::unload();
+  Form<frmLinks>::unload();
+  Form<frmSubnet>::unload();
   Form<frmToolbox>::unload();
   QCoreApplication::quit();
 }
@@ -179,11 +194,15 @@ void frmMain::Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift) {
 
 void frmMain::buttonClicked(std::size_t index) {
   using Action = void (frmMain::*)();
-  static constexpr std::array<std::pair<std::string_view, Action>, 6> actions{{
+  static constexpr std::array<std::pair<std::string_view, Action>, 10> actions{{
       {"picNew", &frmMain::picNew_Click},
       {"picLoad", &frmMain::picLoad_Click},
       {"picSave", &frmMain::picSave_Click},
       {"picAdd", &frmMain::picAdd_Click},
+      {"picInfo", &frmMain::picInfo_Click},
+      {"picLink", &frmMain::picLink_Click},
+      {"picDevice", &frmMain::picDevice_Click},
+      {"picSubnet", &frmMain::picSubnet_Click},
       {"picThemes", &frmMain::picThemes_Click},
       {"picSettings", &frmMain::picSettings_Click},
   }};
@@ -221,6 +240,19 @@ void frmMain::picAdd_Click() {
   Form<frmToolbox>::instance().showOwned(this);
 }
 
+void frmMain::picInfo_Click() {
+  Form<frmLanInfo>::instance().showOwned(this);
+}
+void frmMain::picLink_Click() {
+  Form<frmLinks>::instance().showOwned(this);
+}
+void frmMain::picDevice_Click() {
+  Form<frmDevice>::instance().showOwned(this);
+}
+void frmMain::picSubnet_Click() {
+  Form<frmSubnet>::instance().showOwned(this);
+}
+
 void frmMain::picThemes_Click() {
   Form<frmThemes>::instance().showModal(nullptr);
 }
@@ -244,19 +276,49 @@ void frmMain::templateColorChanged() {
   picLayout().lneLink(0).BorderColor = LinkColor;
 }
 
+/// A form that isn't there yet is made by being addressed.
 void frmMain::UpdateColors() {
+  Form<frmDevice>::instance().UpdateColors();
+  Form<frmLanInfo>::instance().UpdateColors();
+  Form<frmLinks>::instance().UpdateColors();
+  updateOwnColors();
+  Form<frmSettings>::instance().UpdateColors();
+  Form<frmSubnet>::instance().UpdateColors();
+  Form<frmThemes>::instance().UpdateColors();
+  Form<frmToolbox>::instance().UpdateColors();
+}
+
+void frmMain::updateOwnColors() {
   QPalette colours = palette();
   colours.setColor(QPalette::Window, toQColor(BackgroundColor));
   setPalette(colours);
   m_toolbar.UpdateColors();
   m_viewport.UpdateColors();
-  Form<frmSettings>::instance().UpdateColors();
-  Form<frmThemes>::instance().UpdateColors();
-  Form<frmToolbox>::instance().UpdateColors();
+}
+
+void frmMain::fillDevice() {
+  Form<frmDevice>::instance().selectionFill();
+}
+void frmMain::fillLinks() {
+  Form<frmLinks>::instance().selectionFill();
+}
+void frmMain::fillSubnets() {
+  Form<frmSubnet>::instance().selectionFill(lSelectedItem);
+}
+
+/// A panel that isn't there would be made in this state anyway.
+void frmMain::showNoDevice() {
+  if (Form<frmDevice>::isLoaded())
+    Form<frmDevice>::instance().showNoDevice();
+  if (Form<frmLinks>::isLoaded())
+    Form<frmLinks>::instance().showNoDevice();
+  if (Form<frmSubnet>::isLoaded())
+    Form<frmSubnet>::instance().showNoDevice();
 }
 
 void frmMain::loadButtonImages(const QString &tag, const QString &files) {
   m_toolbar.loadImages(tag, files);
+  Form<frmSubnet>::instance().loadImages(tag, files);
 }
 
 void frmMain::deviceImagesChanged() {

@@ -33,6 +33,10 @@ public:
   void picLoad_Click();
   void picSave_Click();
   void picAdd_Click();
+  void picInfo_Click();
+  void picLink_Click();
+  void picDevice_Click();
+  void picSubnet_Click();
   void picThemes_Click();
   void picSettings_Click();
 
@@ -53,13 +57,14 @@ private:
 
   void openMenu(std::int32_t Index, QPoint global);
 
-  void fillDevice() override {}
-  void fillLinks() override {}
-  void fillSubnets() override {}
-  void showNoDevice() override {}
+  void fillDevice() override;
+  void fillLinks() override;
+  void fillSubnets() override;
+  void showNoDevice() override;
 
   void linkColorChanged() override;
   void UpdateColors() override;
+  void updateOwnColors();
   void loadButtonImages(const QString &tag, const QString &files) override;
   void deviceImagesChanged() override;
 

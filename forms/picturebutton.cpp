@@ -3,6 +3,7 @@
 
 #include "forms/pictures.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -19,6 +20,7 @@ void fire(const std::function<void()> &handler) {
 PictureButton::PictureButton(QWidget *parent, const QString &tag)
     : QWidget(parent), m_tag(tag), m_picture(LoadResPicture(tag)) {
   setMouseTracking(true);
+  setFocusPolicy(Qt::TabFocus);
 }
 
 void PictureButton::setPicture(const QPixmap &picture) {
@@ -31,7 +33,12 @@ QSize PictureButton::sizeHint() const {
 }
 
 void PictureButton::paintEvent(QPaintEvent * /*event*/) {
-  QPainter(this).drawPixmap(0, 0, m_picture);
+  QPainter painter(this);
+  painter.drawPixmap(0, 0, m_picture);
+  if (hasFocus()) {
+    painter.setPen(QPen(palette().color(QPalette::WindowText), 1, Qt::DotLine));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
 }
 
 void PictureButton::mousePressEvent(QMouseEvent * /*event*/) {
@@ -52,6 +59,15 @@ void PictureButton::mouseReleaseEvent(QMouseEvent *event) {
 
 void PictureButton::mouseMoveEvent(QMouseEvent * /*event*/) {
   fire(MouseMove);
+}
+
+void PictureButton::keyPressEvent(QKeyEvent *event) {
+  const int key = event->key();
+  if ((key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) &&
+      !event->isAutoRepeat())
+    fire(Click);
+  else
+    QWidget::keyPressEvent(event);
 }
 
 } // namespace vnb

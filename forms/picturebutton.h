@@ -9,8 +9,8 @@
 
 namespace vnb {
 
-/// A picture that reacts to the pointer with any mouse button. While pressed it keeps the pointer;
-/// a click is a release inside, and comes after MouseUp.
+/// A picture that reacts to the pointer with any mouse button, and to space and Enter. While
+/// pressed it keeps the pointer; a click is a release inside, and comes after MouseUp.
 class PictureButton : public QWidget {
 public:
   /// Shows the built-in bitmap `tag` until it is given another picture.
@@ -29,6 +29,7 @@ protected:
   void mouseDoubleClickEvent(QMouseEvent *event) override;
   void mouseReleaseEvent(QMouseEvent *event) override;
   void mouseMoveEvent(QMouseEvent *event) override;
+  void keyPressEvent(QKeyEvent *event) override;
 
 private:
   QString m_tag;

@@ -15,6 +15,9 @@ TextBox::TextBox(QWidget *parent, int limit) : QLineEdit(parent), m_limit(limit)
 void TextBox::setContent(const QString &text) {
   setMaxLength(std::max<int>(m_limit, static_cast<int>(text.size())));
   setText(text);
+  // A long text shows from its start.
+  if (!hasFocus())
+    setCursorPosition(0);
 }
 
 void TextBox::mend(const QString &text) {

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "forms/numberlist.h"
+
+#include <QAbstractListModel>
+
+#include <utility>
+
+namespace vnb {
+
+class NumberList::Model : public QAbstractListModel {
+public:
+  using QAbstractListModel::QAbstractListModel;
+
+  int rowCount(const QModelIndex &parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(rows.size());
+  }
+
+  QVariant data(const QModelIndex &index, int role) const override {
+    return role == Qt::DisplayRole ? rows[static_cast<std::size_t>(index.row())].text : QVariant();
+  }
+
+  void reset(std::vector<NumberRow> newRows) {
+    beginResetModel();
+    rows = std::move(newRows);
+    endResetModel();
+  }
+
+  void append(NumberRow row) {
+    const int end = static_cast<int>(rows.size());
+    beginInsertRows({}, end, end);
+    rows.push_back(std::move(row));
+    endInsertRows();
+  }
+
+  void remove(int row) {
+    beginRemoveRows({}, row, row);
+    rows.erase(rows.begin() + row);
+    endRemoveRows();
+  }
+
+  std::vector<NumberRow> rows;
+};
+
+NumberList::NumberList(QWidget *parent) : QListView(parent), m_model(new Model(this)) {
+  setModel(m_model);
+  setUniformItemSizes(true);
+  setEditTriggers(NoEditTriggers);
+  connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    if (ListIndex() >= 0 && Click)
+      Click();
+  });
+}
+
+void NumberList::setRows(std::vector<NumberRow> rows) {
+  m_model->reset(std::move(rows));
+}
+
+void NumberList::addRow(NumberRow row) {
+  m_model->append(std::move(row));
+}
+
+void NumberList::removeRow(int row) {
+  clearSelection(); // a neighbour would otherwise be selected, which is a click
+  m_model->remove(row);
+  clearSelection();
+}
+
+const std::vector<NumberRow> &NumberList::rows() const {
+  return m_model->rows;
+}
+
+void NumberList::renumber(const std::function<void(std::int32_t &)> &change) {
+  for (NumberRow &row : m_model->rows)
+    change(row.number);
+}
+
+int NumberList::ListIndex() const {
+  const QModelIndexList selected = selectionModel()->selectedIndexes();
+  return selected.isEmpty() ? -1 : selected.constFirst().row();
+}
+
+void NumberList::setListIndex(int row) {
+  if (row < 0)
+    clearSelection();
+  else
+    setCurrentIndex(m_model->index(row));
+}
+
+} // namespace vnb

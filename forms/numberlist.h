@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+/// Lists whose rows stand for numbered things, filled in one go however many there are.
+#pragma once
+
+#include <QListView>
+
+#include <functional>
+#include <vector>
+
+namespace vnb {
+
+struct NumberRow {
+  QString text;
+  std::int32_t number = 0;
+};
+
+/// A list of one column and a single selection, in the order of filling.
+class NumberList : public QListView {
+public:
+  explicit NumberList(QWidget *parent);
+
+  /// Replaces all rows; none is selected.
+  void setRows(std::vector<NumberRow> rows);
+  void addRow(NumberRow row);
+  /// Takes out a row; none is selected afterwards.
+  void removeRow(int row);
+  const std::vector<NumberRow> &rows() const;
+  /// Changes the numbers of the rows, not their texts.
+  void renumber(const std::function<void(std::int32_t &)> &change);
+
+  /// The selected row, -1 for none.
+  int ListIndex() const;
+  void setListIndex(int row);
+
+  /// A row has become selected, by the user or by the program.
+  std::function<void()> Click;
+
+private:
+  class Model;
+
+  Model *m_model;
+};
+
+} // namespace vnb

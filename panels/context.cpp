@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#include "panels/context.h"
+
+namespace vnb {
+
+QString deviceName(std::int32_t lIndex) {
+  const bool known = lIndex >= 0 && lIndex <= UBound(Systems);
+  const std::int32_t lType =
+      known ? Systems[static_cast<std::size_t>(lIndex)].lType : SystemType::Unknown;
+  return NameFromType(lType, true) + u' ' + QString::number(lIndex);
+}
+
+} // namespace vnb

@@ -1,0 +1,344 @@
+// SPDX-License-Identifier: MIT
+#include "panels/frmDevice.h"
+
+#include "appearance/colours.h"
+#include "forms/textbox.h"
+#include "panels/context.h"
+#include "runtime/numbers.h"
+#include "runtime/report.h"
+#include "runtime/twips.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace vnb {
+namespace {
+
+/// The group of fields of a type, -1 for none.
+int groupOf(std::int32_t lType) {
+  switch (lType) {
+  case SystemType::Lock:
+    return 0;
+  case SystemType::MainServer:
+  case SystemType::Authentication:
+    return 1;
+  case SystemType::Modem:
+    return 2;
+  case SystemType::IsolationBridge:
+    return 3;
+  case SystemType::RadioReceiver:
+    return 4;
+  default:
+    return -1;
+  }
+}
+
+/// Whether the first row of a lock box is "None". The first lock of a server and both of a bridge
+/// can be chosen but not taken back.
+bool hasNone(std::int32_t box) {
+  return box == 1 || box == 2;
+}
+
+/// The field of the selected device that a lock box edits.
+std::int32_t &lockField(std::int32_t box) {
+  SystemRec &record = selectedSystem();
+  std::int32_t *const fields[] = {&record.lData1, &record.lData2, &record.lData3, &record.lData1,
+                                  &record.lData2};
+  return *fields[box];
+}
+
+} // namespace
+
+frmDevice::frmDevice() : FormWindow("frmDevice", "Device Properties", {4680, 1590}) {
+  addCommon();
+  addGroups();
+  m_lblNoDevice =
+      addLabel(*this, QStringLiteral("lblNoDevice"), QStringLiteral("No Device Selected"),
+               {60, 60, 4560, 1470}, Qt::AlignHCenter);
+  showNoDevice();
+}
+
+void frmDevice::addCommon() {
+  m_lblInfo[0] = addLabel(*this, QStringLiteral("lblInfo0"), QStringLiteral("Extra information:"),
+                          {60, 75, 1500, 195});
+  m_txtData = add<TextBox>(*this, QStringLiteral("txtData"));
+  place(*m_txtData, 1830, 45, 2760, 285);
+  describe(*m_txtData, *m_lblInfo[0]);
+  m_lblInfo[1] = addLabel(*this, QStringLiteral("lblInfo1"), QStringLiteral("Security level:"),
+                          {60, 375, 1500, 195});
+  m_optSecur = new SecurityOptions(*this, {1830, 345, 315, 255});
+  m_optSecur->Click = [](std::int32_t Index) {
+    if (lSelectedItem != -1)
+      selectedSystem().lSecur = Index + 1;
+  };
+  connect(m_txtData, &TextBox::textChanged, this, &frmDevice::txtData_Change);
+}
+
+QWidget *frmDevice::addGroup(int index) {
+  auto *group = add<QWidget>(*this, QStringLiteral("picSpecific%1").arg(index));
+  place(*group, 60, 615, 4575, 960);
+  m_picSpecific[static_cast<std::size_t>(index)] = group;
+  return group;
+}
+
+void frmDevice::addGroups() {
+  m_chkLocked = addCaptioned<QCheckBox>(*addGroup(0), "chkLocked", "Locked", {30, 120, 1500, 240});
+  m_chkLocked->setChecked(true);
+  connect(m_chkLocked, &QCheckBox::toggled, this, &frmDevice::chkLocked_Click);
+
+  QWidget *server = addGroup(1);
+  for (int i = 0; i < 3; ++i)
+    addLockBox(*server, i, i, QStringLiteral("Lock %1:").arg(i + 1));
+
+  QWidget *modem = addGroup(2);
+  const QLabel *lblPhone = addLabel(*modem, QStringLiteral("lblPhone"),
+                                    QStringLiteral("Phone number:"), {0, 150, 1500, 195});
+  m_txtPhone = add<TextBox>(*modem, QStringLiteral("txtPhone"));
+  place(*m_txtPhone, 1770, 105, 2760, 285);
+  describe(*m_txtPhone, *lblPhone);
+  connect(m_txtPhone, &TextBox::textChanged, this, &frmDevice::txtPhone_Change);
+
+  QWidget *bridge = addGroup(3);
+  for (int i = 0; i < 2; ++i)
+    addLockBox(*bridge, i + 3, i, QStringLiteral("Lock %1:").arg(i + 1));
+
+  addFrequency(*addGroup(4));
+}
+
+void frmDevice::addLockBox(QWidget &group, int index, int column, const QString &caption) {
+  constexpr int columnWidth = 1515;
+  const QLabel *label = addLabel(group, QStringLiteral("lblLock%1").arg(index), caption,
+                                 {column * columnWidth, 90, 1200, 195});
+  auto *box = add<QComboBox>(group, QStringLiteral("cboLock%1").arg(index));
+  // Its width doesn't depend on its rows: measuring thousands of them takes long.
+  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  box->setMinimumContentsLength(5);
+  box->setModel(hasNone(index) ? &m_noneAndLockRows : &m_lockRows);
+  place(*box, column * columnWidth, 360, 1440, 330);
+  describe(*box, *label);
+  m_cboLock[static_cast<std::size_t>(index)] = box;
+  connect(box, &QComboBox::currentIndexChanged, this, [this, index] { cboLock_Click(index); });
+}
+
+/// One caption whose runs of blanks lie behind the two boxes; they are stretched so that the point
+/// shows between the boxes in any font.
+void frmDevice::addFrequency(QWidget &group) {
+  constexpr int boxTop = 105;
+  constexpr int boxWidth = 450;
+  constexpr int boxLefts[] = {1080, 1620};
+  constexpr int pointAt = (1080 + boxWidth + 1620) / 2;
+  constexpr int blanks = 11;
+  const QString run(blanks, u' ');
+  const QString caption = QStringLiteral("Frequency:");
+  QFont stretched = font();
+  const QFontMetricsF metrics(stretched);
+  const qreal room =
+      pixels(pointAt) - metrics.horizontalAdvance(u'.') / 2 - metrics.horizontalAdvance(caption);
+  stretched.setWordSpacing(room / blanks - metrics.horizontalAdvance(u' '));
+  QLabel *lblFreq =
+      addLabel(group, QStringLiteral("lblFreq"), caption + run + u'.' + run + QStringLiteral("GHz"),
+               {0, 150, 4500, 195});
+  lblFreq->setFont(stretched);
+  for (std::size_t i = 0; i < m_txtFreq.size(); ++i) {
+    m_txtFreq[i] = add<TextBox>(group, QStringLiteral("txtFreq%1").arg(i), 3);
+    place(*m_txtFreq[i], boxLefts[i], boxTop, boxWidth, 285);
+    m_txtFreq[i]->setAccessibleName(i == 0 ? QStringLiteral("Frequency, whole GHz")
+                                           : QStringLiteral("Frequency, digits behind the point"));
+    connect(m_txtFreq[i], &TextBox::textChanged, this, [this, i] { txtFreq_Change(i); });
+  }
+}
+
+void frmDevice::Form_Load() {
+  reported(
+      "frmDevice", "Form_Load", [this] { UpdateColors(); },
+      [this] {
+        if (lSelectedItem == -1)
+          return;
+        showCommon(true);
+        fillCommon();
+        const int group = groupOf(selectedSystem().lType);
+        if (group == 1 || group == 3)
+          PopulateLockBoxes();
+        fillGroup();
+      });
+}
+
+void frmDevice::UpdateColors() {
+  applyColours(*this, {{"optSecur", ColourException::Kind::Security},
+                       {"lblNoDevice", ColourException::Kind::RedText}});
+}
+
+void frmDevice::showCommon(bool device) {
+  m_txtData->setVisible(device);
+  for (QLabel *label : m_lblInfo)
+    label->setVisible(device);
+  m_optSecur->setVisible(device);
+  m_lblNoDevice->setVisible(!device);
+}
+
+void frmDevice::showGroup(int index) {
+  for (int i = 0; i < static_cast<int>(m_picSpecific.size()); ++i)
+    m_picSpecific[static_cast<std::size_t>(i)]->setVisible(i == index);
+}
+
+void frmDevice::showNoDevice() {
+  showGroup(-1);
+  showCommon(false);
+}
+
+void frmDevice::selectionFill() {
+  showGroup(-1);
+  fillCommon();
+  showCommon(true);
+  fillGroup();
+}
+
+void frmDevice::fillCommon() {
+  const std::int32_t entry = FindData(lSelectedItem);
+  m_txtData->setContent(entry == -1 ? QString()
+                                    : QString(DataItems[static_cast<std::size_t>(entry)].sText));
+  const std::int32_t lSecur = selectedSystem().lSecur;
+  m_optSecur->mark(lSecur >= 1 && lSecur <= 3 ? lSecur : 1);
+}
+
+/// Each value that is shown runs its handler, which stores it again; for the lock boxes that is how
+/// the locks get their frames.
+void frmDevice::fillGroup() {
+  const SystemRec record = selectedSystem();
+  const int group = groupOf(record.lType);
+  showGroup(group);
+  switch (group) {
+  case 0:
+    m_chkLocked->setChecked(record.lData1 != 0);
+    break;
+  case 1:
+    Choose(0, record.lData1);
+    Choose(1, record.lData2);
+    Choose(2, record.lData3);
+    break;
+  case 2:
+    m_txtPhone->setContent(record.sDataX);
+    break;
+  case 3:
+    Choose(3, record.lData1);
+    Choose(4, record.lData2);
+    break;
+  case 4:
+    m_txtFreq[0]->setContent(QString::number(record.lData1));
+    m_txtFreq[1]->setContent(QString::number(record.lData2));
+    break;
+  default:
+    break;
+  }
+}
+
+void frmDevice::Choose(std::int32_t lCombo, std::int32_t lNumber) {
+  reported("frmDevice", "Choose", [&] {
+    QComboBox &box = *m_cboLock[static_cast<std::size_t>(lCombo)];
+    if (box.count() == 0)
+      return;
+    if (lNumber == -1) {
+      box.setCurrentIndex(hasNone(lCombo) ? 0 : -1);
+      return;
+    }
+    box.setCurrentIndex(-1);
+    const auto found = std::ranges::lower_bound(m_locks, lNumber);
+    if (found != m_locks.end() && *found == lNumber)
+      box.setCurrentIndex(static_cast<int>(found - m_locks.begin()) + (hasNone(lCombo) ? 1 : 0));
+    else if (hasNone(lCombo) && lNumber == 0)
+      box.setCurrentIndex(0); // the value of "None" is 0
+  });
+}
+
+void frmDevice::PopulateLockBoxes() {
+  reported("frmMain", "PopulateLockBoxes", [this] {
+    const std::vector<std::int32_t> found = RetrieveLocks();
+    m_locks.assign(found.begin() + 1, found.end());
+    QStringList rows;
+    rows.reserve(static_cast<qsizetype>(m_locks.size()) + 1);
+    for (const std::int32_t lock : m_locks)
+      rows << QString::number(lock);
+    std::vector<QSignalBlocker> quiet(m_cboLock.begin(), m_cboLock.end());
+    m_lockRows.setStringList(rows);
+    rows.prepend(QStringLiteral("None"));
+    m_noneAndLockRows.setStringList(rows);
+    for (std::int32_t i = 0; i < lockBoxes; ++i) {
+      m_cboLock[static_cast<std::size_t>(i)]->setCurrentIndex(hasNone(i) ? 0 : -1);
+      if (hasNone(i))
+        dropFrames(i);
+    }
+  });
+}
+
+void frmDevice::dropFrames(std::int32_t Index) {
+  Selection &selection = *panelContext.selection;
+  selection.forEachTagged(yellowTag(Index), [&](std::int32_t i) {
+    Sprite &sprite = selection.surface().picSystem(i);
+    sprite.Tag = SpriteTag::None;
+    selection.wipe(sprite);
+  });
+}
+
+void frmDevice::cboLock_Click(std::int32_t Index) {
+  const QComboBox &box = *m_cboLock[static_cast<std::size_t>(Index)];
+  if (box.currentIndex() < 0 || lSelectedItem == -1)
+    return;
+  const bool none = hasNone(Index) && box.currentIndex() == 0;
+  const std::int32_t lock =
+      none ? -1 : m_locks[static_cast<std::size_t>(box.currentIndex() - (hasNone(Index) ? 1 : 0))];
+  Selection &selection = *panelContext.selection;
+  reported(
+      "frmDevice", "cboLock_Click", [&] { dropFrames(Index); },
+      [&] {
+        if (!none)
+          selection.SelectItem(lock, LockColor, true);
+      },
+      [&] {
+        if (!none)
+          selection.surface().picSystem(lock).Tag = yellowTag(Index);
+      },
+      [&] { lockField(Index) = lock; });
+}
+
+void frmDevice::chkLocked_Click() {
+  reported("frmDevice", "chkLocked_Click", [this] {
+    if (lSelectedItem != -1)
+      selectedSystem().lData1 = m_chkLocked->isChecked() ? 1 : 0;
+  });
+}
+
+void frmDevice::txtFreq_Change(std::size_t Index) {
+  reported("frmDevice", "txtFreq_Change", [&] {
+    if (lSelectedItem == -1)
+      return;
+    const std::int32_t value = roundToLong(Val(m_txtFreq[Index]->text()));
+    (Index == 0 ? selectedSystem().lData1 : selectedSystem().lData2) = value;
+  });
+}
+
+void frmDevice::txtPhone_Change() {
+  reported("frmDevice", "txtPhone_Change", [this] {
+    if (lSelectedItem != -1)
+      selectedSystem().sDataX = m_txtPhone->text();
+  });
+}
+
+void frmDevice::txtData_Change() {
+  reported("frmDevice", "txtData_Change", [this] {
+    if (lSelectedItem == -1)
+      return;
+    const QString text = m_txtData->text();
+    const std::int32_t entry = FindData(lSelectedItem);
+    if (!text.isEmpty() && entry != -1)
+      DataItems[static_cast<std::size_t>(entry)].sText = text;
+    else if (!text.isEmpty())
+      panelContext.operations->AddData(lSelectedItem, text);
+    else if (entry != -1)
+      RemoveFromDataArray(entry);
+  });
+}
+
+} // namespace vnb

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+/// The LAN information panel: the document's header.
+#pragma once
+
+#include "forms/form.h"
+#include "lanfile/lanfile.h"
+
+#include <array>
+
+namespace vnb {
+
+class TextBox;
+
+class frmLanInfo : public FormWindow {
+public:
+  frmLanInfo();
+  void Form_Load();
+  void UpdateColors();
+
+  /// Shows a field that the reader has just stored.
+  void showField(HeaderField field);
+
+private:
+  static constexpr std::size_t fields = 5;
+
+  void Change(HeaderField field);
+
+  std::array<TextBox *, fields> m_boxes{}; // by HeaderField
+};
+
+} // namespace vnb

@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: MIT
+#include "panels/frmLinks.h"
+
+#include "appearance/colours.h"
+#include "forms/numberlist.h"
+#include "forms/textbox.h"
+#include "panels/context.h"
+#include "runtime/messagebox.h"
+#include "runtime/numbers.h"
+#include "runtime/report.h"
+
+#include <QFrame>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <array>
+#include <cmath>
+
+namespace vnb {
+namespace {
+
+/// A button of the picker, at the place on the sprite that it stands for.
+struct Spot {
+  int column, row; // quarters
+};
+
+constexpr std::array<Spot, 17> spots{{
+    {0, 0},
+    {1, 0},
+    {2, 0},
+    {3, 0},
+    {4, 0},
+    {0, 1},
+    {4, 1},
+    {0, 2},
+    {2, 2},
+    {4, 2},
+    {0, 3},
+    {4, 3},
+    {0, 4},
+    {1, 4},
+    {2, 4},
+    {3, 4},
+    {4, 4},
+}};
+constexpr int centre = 8;
+constexpr int other = 17;
+
+double fraction(int quarters) {
+  return quarters / 4.0;
+}
+
+int spotAt(double x, double y) {
+  for (std::size_t i = 0; i < spots.size(); ++i)
+    if (fraction(spots[i].column) == x && fraction(spots[i].row) == y)
+      return static_cast<int>(i);
+  return other;
+}
+
+QFrame *addFrame(QWidget &parent, const char *name, Place at) {
+  auto *frame = add<QFrame>(parent, QString::fromLatin1(name));
+  frame->setFrameStyle(QFrame::Box | QFrame::Plain);
+  frame->setForegroundRole(QPalette::Mid);
+  place(*frame, at.left, at.top, at.width, at.height);
+  return frame;
+}
+
+} // namespace
+
+frmLinks::frmLinks() : FormWindow("frmLinks", "Links", {6360, 2025}) {
+  m_picLinks = add<QWidget>(*this, QStringLiteral("picLinks"));
+  place(*m_picLinks, 0, 0, 6360, 2025);
+  addList();
+  m_optSecur = new SecurityOptions(*m_picLinks, {5145, 300, 315, 270});
+  addPicker();
+  addBoxes();
+  m_lblNoDevice =
+      addLabel(*this, QStringLiteral("lblNoDevice"), QStringLiteral("No Device Selected"),
+               {60, 60, 6240, 1905}, Qt::AlignHCenter);
+  m_optSecur->Click = [this](std::int32_t Index) { optSecur_Click(Index); };
+  connect(&m_optPosition, &QButtonGroup::idClicked, this, &frmLinks::optPosition_Click);
+  showNoDevice();
+}
+
+void frmLinks::addList() {
+  m_lblLinks = addLabel(*m_picLinks, QStringLiteral("lblLinks"), QStringLiteral("Links for #####:"),
+                        {60, 45, 6000, 195});
+  m_lstLinks = add<NumberList>(*m_picLinks, QStringLiteral("lstLinks"));
+  place(*m_lstLinks, 60, 285, 3495, 1275);
+  m_lstLinks->setAccessibleName(QStringLiteral("Links"));
+  m_lstLinks->Click = [this] { lstLinks_Click(); };
+  auto *cmdRemove =
+      addCaptioned<QPushButton>(*m_picLinks, "cmdRemove", "Remove link", {60, 1620, 1590, 345});
+  connect(cmdRemove, &QPushButton::clicked, this, &frmLinks::cmdRemove_Click);
+  addLabel(*m_picLinks, QStringLiteral("lblInfo"), QStringLiteral("Security level:"),
+           {3705, 345, 1200, 195});
+}
+
+void frmLinks::addPicker() {
+  constexpr int left = 3795;
+  constexpr int top = 990;
+  constexpr int size = 180;
+  addFrame(*m_picLinks, "shpFrame0", {3675, 780, 1140, 1185});
+  addFrame(*m_picLinks, "shpFrame1", {4800, 780, 1500, 1185});
+  QLabel *lblPosn = addLabel(*m_picLinks, QStringLiteral("lblPosn"),
+                             QStringLiteral(" Link position: "), {3780, 690, 1200, 195});
+  lblPosn->setAutoFillBackground(true);
+  lblPosn->setBackgroundRole(QPalette::Base);
+  for (std::size_t i = 0; i < spots.size(); ++i) {
+    auto *option = add<PushOption>(*m_picLinks, QStringLiteral("optPosition%1").arg(i));
+    const auto [column, row] = spots[i];
+    place(*option, left + column * size, top + row * size, size, size);
+    option->setAccessibleName(QStringLiteral("Link position %1, %2")
+                                  .arg(doubleText(fraction(column)), doubleText(fraction(row))));
+    m_optPosition.addButton(option, static_cast<int>(i));
+  }
+  auto *optOther =
+      addCaptioned<QRadioButton>(*m_picLinks, "optPosition17", "Other:", {4890, 990, 1200, 195});
+  m_optPosition.addButton(optOther, other);
+  m_optPosition.button(centre)->setChecked(true);
+}
+
+void frmLinks::addBoxes() {
+  static constexpr int limit = 4;
+  const auto box = [this](const char *label, const char *caption, const char *name, int top) {
+    const QLabel *text = addLabel(*m_picLinks, QString::fromLatin1(label),
+                                  QString::fromLatin1(caption), {4890, top + 45, 240, 195});
+    auto *result = add<TextBox>(*m_picLinks, QString::fromLatin1(name), limit);
+    place(*result, 5190, top, 960, 270);
+    describe(*result, *text);
+    result->setContent(QStringLiteral("0.5"));
+    return result;
+  };
+  m_txtX = box("lblX", "X:", "txtX", 1275);
+  m_txtY = box("lblY", "Y:", "txtY", 1605);
+}
+
+void frmLinks::Form_Load() {
+  reported(
+      "frmLinks", "Form_Load",
+      [this] {
+        if (lSelectedItem == -1)
+          return;
+        showDevice(true);
+        fillList();
+      },
+      [this] { UpdateColors(); });
+}
+
+void frmLinks::UpdateColors() {
+  applyColours(*this, {{"optSecur", ColourException::Kind::Security}});
+}
+
+void frmLinks::showDevice(bool device) {
+  m_picLinks->setVisible(device);
+  m_lblNoDevice->setVisible(!device);
+}
+
+void frmLinks::showNoDevice() {
+  showDevice(false);
+}
+
+void frmLinks::fillList() {
+  m_lblLinks->setText(QStringLiteral("Links for ") + deviceName(lSelectedItem) + u':');
+  const std::vector<std::int32_t> links = RetrieveLinks(lSelectedItem);
+  std::vector<NumberRow> rows;
+  rows.reserve(links.size() - 1);
+  for (std::size_t i = 1; i < links.size(); ++i) {
+    const LinkRec &link = Links[static_cast<std::size_t>(links[i])];
+    rows.push_back({.text = isFirstEnd(link)
+                                ? QStringLiteral("Link to ") + deviceName(link.lTo)
+                                : QStringLiteral("Link from ") + deviceName(link.lFrom),
+                    .number = links[i]});
+  }
+  m_lstLinks->setRows(std::move(rows));
+}
+
+void frmLinks::selectionFill() {
+  showDevice(true);
+  fillList();
+  if (m_lstLinks->rows().empty()) {
+    m_optPosition.button(centre)->setChecked(true);
+    m_txtX->setContent(QStringLiteral("0.5"));
+    m_txtY->setContent(QStringLiteral("0.5"));
+  } else if (isVisible()) {
+    m_lstLinks->setListIndex(0);
+  }
+}
+
+/// The panel edits the first end of a link that starts at the selected device.
+bool frmLinks::isFirstEnd(const LinkRec &link) const {
+  return link.lFrom == lSelectedItem;
+}
+
+LinkRec *frmLinks::currentLink() const {
+  const int row = m_lstLinks->ListIndex();
+  if (row < 0 || lSelectedItem == -1)
+    return nullptr;
+  return &Links[static_cast<std::size_t>(m_lstLinks->rows()[static_cast<std::size_t>(row)].number)];
+}
+
+void frmLinks::lstLinks_Click() {
+  LinkRec *const link = currentLink();
+  if (link == nullptr)
+    return;
+  Selection &selection = *panelContext.selection;
+  reported(
+      "frmLinks", "lstLinks_Click", [&] { selection.ClearLinkHilites(); },
+      [&] {
+        Line &line = selection.surface().lneLink(static_cast<std::int32_t>(link - Links.data()));
+        line.BorderColor = LinkSelColor;
+        selection.surface().touch(line);
+      },
+      [&] {
+        if (isFirstEnd(*link))
+          PositionSelect(link->dFromX, link->dFromY);
+        else
+          PositionSelect(link->dToX, link->dToY);
+      },
+      [&] { m_optSecur->mark(link->lSecur); });
+}
+
+void frmLinks::PositionSelect(double lX, double lY) {
+  bSelecting = true;
+  reported(
+      "frmLinks", "PositionSelect", [&] { m_optPosition.button(spotAt(lX, lY))->setChecked(true); },
+      [&] { m_txtX->setContent(doubleText(lX)); }, [&] { m_txtY->setContent(doubleText(lY)); });
+  bSelecting = false;
+}
+
+/// The values in the boxes. False, and told to the user, if one is no number.
+bool frmLinks::readBoxes(double &x, double &y) const {
+  try {
+    x = CDbl(m_txtX->text().toStdString());
+    y = CDbl(m_txtY->text().toStdString());
+    return true;
+  } catch (const RuntimeError &) {
+    showMessageBox({.title = QStringLiteral("Links"),
+                    .text = QStringLiteral("X and Y must be numbers, such as 0.5. "
+                                           "The link stays where it is."),
+                    .icon = MessageBox::Icon::Exclamation,
+                    .buttons = MessageBox::Buttons::Ok});
+    return false;
+  }
+}
+
+void frmLinks::optPosition_Click(int Index) {
+  LinkRec *const link = currentLink();
+  if (link == nullptr || bSelecting)
+    return;
+  reported("frmLinks", "optPosition_Click", [&] {
+    if (Index != other) {
+      const auto [column, row] = spots[static_cast<std::size_t>(Index)];
+      m_txtX->setContent(doubleText(fraction(column)));
+      m_txtY->setContent(doubleText(fraction(row)));
+    }
+    double x = 0;
+    double y = 0;
+    if (!readBoxes(x, y))
+      return;
+    (isFirstEnd(*link) ? link->dFromX : link->dToX) = x;
+    (isFirstEnd(*link) ? link->dFromY : link->dToY) = y;
+    panelContext.operations->RefreshLine(static_cast<std::int32_t>(link - Links.data()));
+  });
+}
+
+void frmLinks::optSecur_Click(std::int32_t Index) {
+  LinkRec *const link = currentLink();
+  if (link != nullptr && !bSelecting)
+    link->lSecur = Index + 1;
+}
+
+void frmLinks::cmdRemove_Click() {
+  reported("frmLinks", "cmdRemove_Click", [this] {
+    const int row = m_lstLinks->ListIndex();
+    if (row < 0)
+      return;
+    const NumberRow chosen = m_lstLinks->rows()[static_cast<std::size_t>(row)];
+    if (showMessageBox({.title = QStringLiteral("Really remove?"),
+                        .text = QStringLiteral("Are you sure you want to remove the link ") +
+                                chosen.text.mid(5) + u'?',
+                        .icon = MessageBox::Icon::Question,
+                        .buttons = MessageBox::Buttons::YesNo}) != Answer::Yes)
+      return;
+    panelContext.operations->RemoveLink(chosen.number, false);
+    m_lstLinks->removeRow(row);
+    m_lstLinks->renumber([&](std::int32_t &number) {
+      if (number > chosen.number)
+        --number;
+    });
+  });
+}
+
+} // namespace vnb

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+/// The link panel: the links of the selected device, each edited at its end there.
+#pragma once
+
+#include "forms/form.h"
+#include "panels/securityoptions.h"
+
+#include <QButtonGroup>
+
+class QLabel;
+
+namespace vnb {
+
+class NumberList;
+class TextBox;
+struct LinkRec;
+
+class frmLinks : public FormWindow {
+public:
+  frmLinks();
+  void Form_Load();
+  void UpdateColors();
+
+  /// Fills the panel for the device that has just been selected; picks the first link if the panel
+  /// is on screen.
+  void selectionFill();
+  void showNoDevice();
+
+  /// Shows a position, as fractions of the sprite's size, in the picker and the boxes.
+  void PositionSelect(double lX, double lY);
+
+private:
+  void addList();
+  void addPicker();
+  void addBoxes();
+
+  void showDevice(bool device);
+  void fillList();
+  LinkRec *currentLink() const;
+  bool isFirstEnd(const LinkRec &link) const;
+  bool readBoxes(double &x, double &y) const;
+
+  void lstLinks_Click();
+  void optPosition_Click(int Index);
+  void optSecur_Click(std::int32_t Index);
+  void cmdRemove_Click();
+
+  QWidget *m_picLinks;
+  QLabel *m_lblNoDevice;
+  QLabel *m_lblLinks = nullptr;
+  NumberList *m_lstLinks = nullptr;
+  QButtonGroup m_optPosition;
+  TextBox *m_txtX = nullptr;
+  TextBox *m_txtY = nullptr;
+  SecurityOptions *m_optSecur = nullptr;
+  bool bSelecting = false; // PositionSelect is only displaying
+};
+
+} // namespace vnb

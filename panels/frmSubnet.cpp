@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "panels/frmSubnet.h"
+
+#include "appearance/colours.h"
+#include "forms/controls.h"
+#include "forms/numberlist.h"
+#include "panels/context.h"
+#include "runtime/report.h"
+
+namespace vnb {
+namespace {
+
+/// The buttons' pictures outlive the form: a theme gives them once.
+struct Images {
+  ButtonImageSet add, remove;
+};
+
+Images &images() {
+  static Images both;
+  return both;
+}
+
+/// Which systems stand in the valid-subnet list of `lFor`.
+std::vector<bool> listedFor(std::int32_t lFor) {
+  std::vector<bool> listed(Systems.size());
+  for (std::size_t i = 1; i < Subnets.size(); ++i) {
+    const auto [lOwner, lFrom] = Subnets[i];
+    if (lOwner == lFor && lFrom >= 0 && lFrom <= UBound(Systems))
+      listed[static_cast<std::size_t>(lFrom)] = true;
+  }
+  return listed;
+}
+
+/// Moves the selected row of one list to the end of the other. Its number, or -1 if none is
+/// selected.
+std::int32_t moveRow(NumberList &from, NumberList &to) {
+  const int row = from.ListIndex();
+  if (row < 0)
+    return -1;
+  const NumberRow moved = from.rows()[static_cast<std::size_t>(row)];
+  to.addRow(moved);
+  from.removeRow(row);
+  return moved.number;
+}
+
+} // namespace
+
+frmSubnet::frmSubnet() : FormWindow("frmSubnet", "Valid Subnets", {7485, 1845}) {
+  m_picSubnets = add<QWidget>(*this, QStringLiteral("picSubnets"));
+  place(*m_picSubnets, 0, 0, 7485, 1845);
+  m_lblSubnets = addLabel(*m_picSubnets, QStringLiteral("lblSubnets"),
+                          QStringLiteral("Valid subnets for #####:"), {60, 45, 7200, 195});
+  m_lstSubnets = add<NumberList>(*m_picSubnets, QStringLiteral("lstSubnets"));
+  m_lstSubnets->setAccessibleName(QStringLiteral("Valid subnets"));
+  m_picAdd =
+      addButton("picAdd", "ADDSUB", "Add a subnet", 270, images().add, &frmSubnet::picAdd_Click);
+  m_picRemove = addButton("picRemove", "DELSUB", "Remove a subnet", 480, images().remove,
+                          &frmSubnet::picRemove_Click);
+  m_lstSystems = add<NumberList>(*m_picSubnets, QStringLiteral("lstSystems"));
+  m_lstSystems->setAccessibleName(QStringLiteral("Other systems"));
+  place(*m_lstSubnets, 60, 270, 3510, 1500);
+  place(*m_lstSystems, 3885, 270, 3510, 1500);
+  m_lblNoDevice =
+      addLabel(*this, QStringLiteral("lblNoDevice"), QStringLiteral("No Device Selected"),
+               {60, 60, 7365, 1725}, Qt::AlignHCenter);
+  m_lstSubnets->Click = [this] { lstSubnets_Click(); };
+  showNoDevice();
+}
+
+PictureButton *frmSubnet::addButton(const char *name, const char *tag, const char *toolTip, int top,
+                                    ButtonImageSet &set, void (frmSubnet::*click)()) {
+  auto *button =
+      add<PictureButton>(*m_picSubnets, QString::fromLatin1(name), QString::fromLatin1(tag));
+  button->setToolTip(QString::fromLatin1(toolTip));
+  button->setAccessibleName(button->toolTip());
+  place(*button, 3630, top, 195, 195);
+  DoImage(*button, set, true);
+  button->MouseDown = [button, &set] { DoImage(*button, set, false); };
+  button->MouseUp = [button, &set] { DoImage(*button, set, true); };
+  button->Click = [this, click] { (this->*click)(); };
+  return button;
+}
+
+void frmSubnet::Form_Load() {
+  reported("frmSubnet", "Form_Load", [this] { UpdateColors(); });
+}
+
+void frmSubnet::UpdateColors() {
+  applyColours(*this, {{"lblNoDevice", ColourException::Kind::RedText}});
+}
+
+void frmSubnet::loadImages(const QString &tag, const QString &files) {
+  if (tag == m_picAdd->Tag())
+    LoadButtonImages(images().add, *m_picAdd, files);
+  else if (tag == m_picRemove->Tag())
+    LoadButtonImages(images().remove, *m_picRemove, files);
+}
+
+void frmSubnet::showDevice(bool device) {
+  m_picSubnets->setVisible(device);
+  m_lblNoDevice->setVisible(!device);
+}
+
+void frmSubnet::showNoDevice() {
+  showDevice(false);
+}
+
+void frmSubnet::selectionFill(std::int32_t lIndex) {
+  showDevice(true);
+  m_lblSubnets->setText(QStringLiteral("Valid subnets for ") + deviceName(lIndex) + u':');
+  Selection &selection = *panelContext.selection;
+  const std::vector<bool> listed = listedFor(lIndex);
+  std::vector<NumberRow> subnets;
+  std::vector<NumberRow> others;
+  for (std::int32_t i = 0; i <= UBound(Systems); ++i) {
+    if (i == lIndex)
+      continue;
+    if (!listed[static_cast<std::size_t>(i)]) {
+      others.push_back({.text = deviceName(i), .number = i});
+      continue;
+    }
+    subnets.push_back({.text = deviceName(i), .number = i});
+    selection.surface().picSystem(i).Tag = SpriteTag::GreenDk;
+    selection.SelectItem(i, SubnetColor, true);
+  }
+  m_lstSubnets->setRows(std::move(subnets));
+  m_lstSystems->setRows(std::move(others));
+}
+
+void frmSubnet::lstSubnets_Click() {
+  const int row = m_lstSubnets->ListIndex();
+  if (row < 0)
+    return;
+  const std::int32_t lSystem = m_lstSubnets->rows()[static_cast<std::size_t>(row)].number;
+  Selection &selection = *panelContext.selection;
+  reported(
+      "frmSubnet", "lstSubnets_Click",
+      [&] {
+        selection.forEachTagged(SpriteTag::Green, [&](std::int32_t i) {
+          selection.surface().picSystem(i).Tag = SpriteTag::GreenDk;
+          selection.SelectItem(i, SubnetColor, true);
+        });
+      },
+      [&] { selection.SelectItem(lSystem, SubnetSelColor, true); },
+      [&] { selection.surface().picSystem(lSystem).Tag = SpriteTag::Green; });
+}
+
+void frmSubnet::picAdd_Click() {
+  reported("frmSubnet", "picAdd_Click", [this] {
+    const std::int32_t lSystem = moveRow(*m_lstSystems, *m_lstSubnets);
+    if (lSystem != -1)
+      panelContext.operations->AddSubnet(lSelectedItem, lSystem);
+  });
+}
+
+void frmSubnet::picRemove_Click() {
+  reported("frmSubnet", "picRemove_Click", [this] {
+    const std::int32_t lSystem = moveRow(*m_lstSubnets, *m_lstSystems);
+    if (lSystem != -1)
+      RemoveFromSubnetArray(FindSubnet(lSelectedItem, lSystem));
+  });
+}
+
+} // namespace vnb

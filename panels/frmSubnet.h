@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+/// The valid subnets panel: which systems are valid subnets of the selected device.
+#pragma once
+
+#include "appearance/images.h"
+#include "forms/form.h"
+
+class QLabel;
+
+namespace vnb {
+
+class NumberList;
+
+class frmSubnet : public FormWindow {
+public:
+  frmSubnet();
+  void Form_Load();
+  void UpdateColors();
+
+  /// Fills the panel for device `lIndex`, which has just been selected, and frames the systems on
+  /// its list.
+  void selectionFill(std::int32_t lIndex);
+  void showNoDevice();
+
+  /// Gives the button of this Tag its pictures, if it is one of this form's.
+  void loadImages(const QString &tag, const QString &files);
+
+private:
+  PictureButton *addButton(const char *name, const char *tag, const char *toolTip, int top,
+                           ButtonImageSet &images, void (frmSubnet::*click)());
+  void showDevice(bool device);
+  void lstSubnets_Click();
+  void picAdd_Click();
+  void picRemove_Click();
+
+  QWidget *m_picSubnets;
+  QLabel *m_lblNoDevice;
+  QLabel *m_lblSubnets;
+  NumberList *m_lstSubnets;
+  NumberList *m_lstSystems;
+  PictureButton *m_picAdd;
+  PictureButton *m_picRemove;
+};
+
+} // namespace vnb

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "panels/securityoptions.h"
+
+#include "runtime/error.h"
+
+namespace vnb {
+namespace {
+
+constexpr int levels = 3;
+constexpr int step = 345; // twips
+
+} // namespace
+
+SecurityOptions::SecurityOptions(QWidget &parent, Place first) : QObject(&parent) {
+  for (int i = 0; i < levels; ++i) {
+    auto *option = add<PushOption>(parent, QStringLiteral("optSecur%1").arg(i));
+    option->setText(QString::number(i + 1));
+    option->setAccessibleName(QStringLiteral("Security level %1").arg(i + 1));
+    place(*option, first.left + i * step, first.top, first.width, first.height);
+    m_group.addButton(option, i);
+  }
+  connect(&m_group, &QButtonGroup::idToggled, this, [this](int Index, bool on) {
+    if (on && Click)
+      Click(Index);
+  });
+}
+
+void SecurityOptions::mark(std::int32_t lSecur) {
+  QAbstractButton *option = m_group.button(lSecur - 1);
+  if (option == nullptr) {
+    clearOptions(m_group);
+    throw RuntimeError(Fault::ControlArrayElement);
+  }
+  option->setChecked(true);
+}
+
+void SecurityOptions::setVisible(bool visible) {
+  for (QAbstractButton *option : m_group.buttons())
+    option->setVisible(visible);
+}
+
+} // namespace vnb

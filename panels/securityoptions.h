@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+/// The three security level buttons that the device and link panels share.
+#pragma once
+
+#include "forms/controls.h"
+#include "forms/pushoption.h"
+
+#include <QButtonGroup>
+
+#include <functional>
+
+namespace vnb {
+
+/// `optSecur(0..2)`, captioned 1 to 3.
+class SecurityOptions : public QObject {
+public:
+  /// The first button stands at `first`; the others follow to its right.
+  SecurityOptions(QWidget &parent, Place first);
+
+  /// Marks a level, 1 to 3. Raises 340 for any other, and no level is marked then.
+  void mark(std::int32_t lSecur);
+  void setVisible(bool visible);
+
+  /// A button was turned on, by the user or by the program; `Index` is its level less 1.
+  std::function<void(std::int32_t Index)> Click;
+
+private:
+  QButtonGroup m_group;
+};
+
+} // namespace vnb
