@@ -77,6 +77,7 @@ frmMain::frmMain()
   setObjectName(QStringLiteral("frmMain"));
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
+  setFocus(); // not the first button: nothing is marked until Tab is pressed
   resize(designSize);
   picLayout().picSystem(0).setPicture(LoadResPicture(ResIDFromType(SystemType::Router)));
   m_gestures.openMenu = [this](std::int32_t Index, QPoint global) { openMenu(Index, global); };

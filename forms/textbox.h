@@ -9,8 +9,7 @@
 namespace vnb {
 
 /// A character that the code page can't hold becomes "?" as it is typed or pasted, so that what one
-/// sees is what is saved. Any change of the text, the user's or the program's, raises textChanged;
-/// a handler reads the text from the box, which may have been mended meanwhile.
+/// sees is what is saved. Any change of the text, the user's or the program's, raises textChanged.
 class TextBox : public QLineEdit {
 public:
   static constexpr int noLimit = std::numeric_limits<int>::max();
@@ -22,7 +21,6 @@ public:
   void setContent(const QString &text);
 
 private:
-  void mend(const QString &text);
   void setLimit();
 
   int m_limit;

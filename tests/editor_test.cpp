@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "appearance/frmThemes.h"
 #include "editor/frmMain.h"
 #include "forms/dialogs.h"
 #include "shell/cdlgex.h"
@@ -32,6 +33,8 @@ class Editor : public testing::Test {
 protected:
   Editor() {
     Cdlg = {};
+    for (const ToolbarButton &button : toolbarButtons())
+      frmThemes::View->loadButtonImages(QString::fromLatin1(button.tag), QStringLiteral("||"));
     main.show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&main));
   }
@@ -46,7 +49,6 @@ protected:
 
 TEST_F(Editor, OpensAndSavesByteForByte) {
   const Folder folder;
-  EXPECT_EQ(main.windowTitle().toStdString(), "Vantry Network Builder v6.2.5");
   dialogs.answer = sample("company.txt");
   key(Qt::Key_O, Qt::ControlModifier);
   EXPECT_EQ(UBound(Systems), 41);

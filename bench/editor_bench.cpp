@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+// What the user waits for: opening, painting, scrolling, every gesture and edit, at all sizes.
+
+#include "editor/frmMain.h"
+#include "lanfile/lanfile.h"
+#include "panels/frmDevice.h"
+#include "panels/frmLinks.h"
+#include "panels/frmSubnet.h"
+#include "tools/samplelan.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTemporaryDir>
+
+namespace vnb::bench {
+namespace {
+
+constexpr QSize window(1280, 800);
+constexpr std::int32_t star = 1; // where every link of the star ends
+
+/// The main window as it stands after its start, with a made-up LAN in it.
+class Bench {
+public:
+  Bench() {
+    GridRes = 20;
+    GridColor = 0x404040;
+    LinkColor = 0xE48257;
+    SelectedColor = 0xFFFFFF;
+    TextColor = 0xFFFFFF;
+    LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
+    m_main.picLayout().DrawGrid();
+    m_main.resize(window);
+    m_main.show();
+    QApplication::processEvents();
+  }
+
+  frmMain &main() { return m_main; }
+  Surface &surface() { return m_main.picLayout(); }
+
+  /// As many links as devices.
+  void make(std::int64_t devices, Shape shape) {
+    makeLan(m_main.operations(), static_cast<int>(devices), static_cast<int>(devices), shape);
+    settle();
+  }
+  /// A file of such a LAN.
+  QString file(std::int64_t devices) {
+    make(devices, Shape::Normal);
+    const QString path = m_folder.filePath(QStringLiteral("lan.txt"));
+    SaveLAN(path);
+    return path;
+  }
+  static void settle() { QApplication::processEvents(); }
+
+  void showPanels(bool show) {
+    Form<frmDevice>::instance().setVisible(show);
+    Form<frmLinks>::instance().setVisible(show);
+    Form<frmSubnet>::instance().setVisible(show);
+    settle();
+  }
+  void select(std::int32_t device) { m_main.selection().SelectItem(device, SelectedColor, false); }
+
+private:
+  frmMain m_main;
+  QTemporaryDir m_folder;
+};
+
+Bench &bench() {
+  static auto *instance = new Bench; // goes with the process, after the application
+  return *instance;
+}
+
+void openPainted(benchmark::State &state) {
+  const QString file = bench().file(state.range(0));
+  DiagramReaderView view(bench().main().operations());
+  for (auto _ : state) {
+    OpenLANFile(file, bench().main().operations(), view);
+    Bench::settle();
+  }
+}
+
+void repaint(benchmark::State &state) {
+  bench().make(state.range(0), Shape::Normal);
+  QImage image(window, QImage::Format_RGB32);
+  const QRect area(QPoint(600, 700), window);
+  for (auto _ : state) {
+    QPainter painter(&image);
+    painter.translate(-area.topLeft());
+    bench().surface().paint(painter, area);
+  }
+}
+
+void scrollStep(benchmark::State &state) {
+  bench().make(state.range(0), Shape::Normal);
+  auto *bar = bench().main().findChild<QScrollBar *>(QStringLiteral("vsbScroll"));
+  int to = 0;
+  for (auto _ : state) {
+    to = to == 500 ? 510 : 500;
+    bar->setValue(to);
+    Bench::settle();
+  }
+}
+
+void selectDevice(benchmark::State &state, Shape shape, std::int32_t device, bool subnets) {
+  bench().make(state.range(0), shape);
+  if (subnets)
+    for (std::int32_t i = 0; i < UBound(Systems); ++i)
+      if (i != device)
+        bench().main().operations().AddSubnet(device, i);
+  bench().showPanels(true);
+  for (auto _ : state) {
+    bench().select(device);
+    Bench::settle();
+  }
+  bench().main().selection().Deselect();
+  bench().showPanels(false);
+}
+
+void pressAndDrop(benchmark::State &state) {
+  bench().make(state.range(0), Shape::Normal);
+  const std::int32_t device = UBound(Systems) / 2;
+  for (auto _ : state) {
+    bench().main().operations().RefreshLinks(device);
+    Bench::settle();
+  }
+}
+
+void pointerMove(benchmark::State &state) {
+  bench().make(state.range(0), Shape::Normal);
+  int x = 0;
+  for (auto _ : state)
+    benchmark::DoNotOptimize(bench().surface().spriteAt({x = (x + 7) % 2500, 900}));
+}
+
+void addLink(benchmark::State &state) {
+  bench().make(state.range(0) - 1, Shape::Normal);
+  for (auto _ : state) {
+    bench().main().operations().AddLink(1, .5, .5, 2, .5, .5, 1);
+    Bench::settle();
+    state.PauseTiming();
+    bench().main().operations().RemoveLink(UBound(Links), false);
+    Bench::settle();
+    state.ResumeTiming();
+  }
+}
+
+void removeDevice(benchmark::State &state) {
+  bench().make(state.range(0), Shape::Normal);
+  for (auto _ : state) {
+    bench().main().operations().RemoveSystem(1);
+    state.PauseTiming();
+    bench().main().operations().AddSystem(2, 100, 100, 1, -1, -1, -1, {});
+    Bench::settle();
+    state.ResumeTiming();
+  }
+}
+
+void newLan(benchmark::State &state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    bench().make(state.range(0), Shape::Normal);
+    state.ResumeTiming();
+    bench().main().operations().ClearLAN();
+    Bench::settle();
+  }
+}
+
+void typeCharacter(benchmark::State &state) {
+  bench().make(state.range(0), Shape::Normal);
+  bench().select(UBound(Systems));
+  auto *box = Form<frmDevice>::instance().findChild<QLineEdit *>(QStringLiteral("txtData"));
+  bool more = false;
+  for (auto _ : state)
+    box->setText((more = !more) ? QStringLiteral("text and") : QStringLiteral("text an"));
+  bench().main().selection().Deselect();
+}
+
+void sizes(benchmark::internal::Benchmark *rows) {
+  rows->Arg(1000)->Arg(4096)->Arg(32767)->Unit(benchmark::kMillisecond);
+}
+
+/// For what must be made anew before each run, which takes far longer than the run.
+void fewSizes(benchmark::internal::Benchmark *rows) {
+  sizes(rows);
+  rows->Iterations(30);
+}
+
+BENCHMARK(openPainted)->Name("OpenPainted/ours")->Apply(sizes);
+BENCHMARK(repaint)->Name("Repaint/ours")->Apply(sizes);
+BENCHMARK(scrollStep)->Name("ScrollStep/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(selectDevice, , Shape::Normal, 5, false)->Name("Select/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(selectDevice, , Shape::Star, star, false)->Name("SelectStar/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(selectDevice, , Shape::Normal, 5, true)->Name("SelectSubnets/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(selectDevice, , Shape::Locks, 5, false)
+    ->Name("SelectAmongLocks/ours")
+    ->Apply(sizes);
+BENCHMARK(pressAndDrop)->Name("Drop/ours")->Apply(sizes);
+BENCHMARK(pointerMove)->Name("PointerMove/ours")->Apply(sizes);
+BENCHMARK(addLink)->Name("AddLink/ours")->Apply(fewSizes);
+BENCHMARK(removeDevice)->Name("RemoveDevice/ours")->Apply(fewSizes);
+BENCHMARK(newLan)->Name("New/ours")->Apply(fewSizes);
+BENCHMARK(typeCharacter)->Name("TypeCharacter/ours")->Apply(sizes);
+
+} // namespace
+} // namespace vnb::bench

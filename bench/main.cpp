@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+/// Runs all benchmarks, those of windows too, without a display.
+#include "bench/pairreporter.h"
+
+#include <QApplication>
+
+int main(int argc, char **argv) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  benchmark::Initialize(&argc, argv);
+  const QApplication application(argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    return 1;
+  vnb::bench::PairReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  benchmark::Shutdown();
+  return 0;
+}
