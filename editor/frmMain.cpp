@@ -13,6 +13,7 @@
 #include "runtime/report.h"
 #include "runtime/twips.h"
 #include "shell/cdlgex.h"
+#include "shell/frmAbout.h"
 #include "shell/frmSettings.h"
 #include "shell/frmSplash.h"
 
@@ -147,6 +148,7 @@ void frmMain::closeEvent(QCloseEvent *event) {
 
 void frmMain::Form_Unload() {
   SaveSettings(*this);
+  Form<frmAbout>::unload();
   Form<frmDevice>::unload();
   Form<frmLanInfo>::unload();
   Form<frmLinks>::unload();
@@ -195,7 +197,7 @@ void frmMain::Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift) {
 
 void frmMain::buttonClicked(std::size_t index) {
   using Action = void (frmMain::*)();
-  static constexpr std::array<std::pair<std::string_view, Action>, 10> actions{{
+  static constexpr std::array<std::pair<std::string_view, Action>, 11> actions{{
       {"picNew", &frmMain::picNew_Click},
       {"picLoad", &frmMain::picLoad_Click},
       {"picSave", &frmMain::picSave_Click},
@@ -205,6 +207,7 @@ void frmMain::buttonClicked(std::size_t index) {
       {"picDevice", &frmMain::picDevice_Click},
       {"picSubnet", &frmMain::picSubnet_Click},
       {"picThemes", &frmMain::picThemes_Click},
+      {"picAbout", &frmMain::picAbout_Click},
       {"picSettings", &frmMain::picSettings_Click},
   }};
   for (const auto &[name, action] : actions)
@@ -237,21 +240,26 @@ void frmMain::picSave_Click() {
   });
 }
 
+template <class F>
+void frmMain::showPanel(const char *procedure) {
+  reported("frmMain", procedure, [this] { Form<F>::instance().showOwned(this); });
+}
+
 void frmMain::picAdd_Click() {
-  Form<frmToolbox>::instance().showOwned(this);
+  showPanel<frmToolbox>("picAdd_Click");
 }
 
 void frmMain::picInfo_Click() {
-  Form<frmLanInfo>::instance().showOwned(this);
+  showPanel<frmLanInfo>("picInfo_Click");
 }
 void frmMain::picLink_Click() {
-  Form<frmLinks>::instance().showOwned(this);
+  showPanel<frmLinks>("picLink_Click");
 }
 void frmMain::picDevice_Click() {
-  Form<frmDevice>::instance().showOwned(this);
+  showPanel<frmDevice>("picDevice_Click");
 }
 void frmMain::picSubnet_Click() {
-  Form<frmSubnet>::instance().showOwned(this);
+  showPanel<frmSubnet>("picSubnet_Click");
 }
 
 void frmMain::picThemes_Click() {
@@ -264,6 +272,10 @@ void frmMain::picSettings_Click() {
   picLayout().Cls();
   if (ShowGrid)
     picLayout().DrawGrid();
+}
+
+void frmMain::picAbout_Click() {
+  reported("frmMain", "picAbout_Click", [this] { Form<frmAbout>::instance().showModal(this); });
 }
 
 void frmMain::linkColorChanged() {

@@ -39,6 +39,7 @@ public:
   void picSubnet_Click();
   void picThemes_Click();
   void picSettings_Click();
+  void picAbout_Click();
 
 protected:
   void resizeEvent(QResizeEvent *event) override;
@@ -54,6 +55,8 @@ private:
   void buttonClicked(std::size_t index);
   void openFile(const QString &sFileName, bool bTakeYourTime);
   void showOnScreen();
+  template <class F>
+  void showPanel(const char *procedure);
 
   void openMenu(std::int32_t Index, QPoint global);
 

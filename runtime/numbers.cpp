@@ -49,14 +49,26 @@ std::size_t numberLength(std::string_view text) {
   return end;
 }
 
-/// Whether a number that doesn't fit a Double is too large, rather than too close to zero.
+/// The exponent that `text` tells; one far beyond any use is cut.
+std::int64_t exponentOf(std::string_view text) {
+  constexpr std::int64_t beyondUse = std::numeric_limits<std::int32_t>::max();
+  const bool minus = !text.empty() && text.front() == '-';
+  std::int64_t value = 0;
+  for (const char c : text)
+    if (isDigit(c) && value < beyondUse)
+      value = value * 10 + (c - '0');
+  return minus ? -value : value;
+}
+
+/// Whether a number that doesn't fit a Double is too large, rather than too close to zero: the
+/// place of its first significant digit tells.
 bool isHuge(std::string_view number) {
   const std::size_t e = std::min(number.find_first_of("eE"), number.size());
-  if (e < number.size() - 1 && number[e + 1] == '-')
-    return false;
-  if (e < number.size())
-    return true;
-  return number.substr(0, number.find('.')).find_first_of("123456789") != std::string_view::npos;
+  const std::string_view mantissa = number.substr(0, e);
+  const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+  const std::size_t first = mantissa.find_first_of("123456789");
+  const auto wholeDigits = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+  return wholeDigits + exponentOf(number.substr(std::min(e + 1, number.size()))) > 0;
 }
 
 /// The value of a text that numberLength took whole.
@@ -95,7 +107,7 @@ public:
   char *write(char *out, double value) const {
     if (!(value >= 0 && value <= 1))
       return nullptr;
-    const Text &text = m_texts[static_cast<std::size_t>(value * 100 + 0.5)];
+    const Text &text = m_texts[static_cast<std::size_t>(std::lround(value * 100))];
     if (text.value != value)
       return nullptr;
     std::memcpy(out, text.bytes.data(), text.bytes.size());

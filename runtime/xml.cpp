@@ -12,6 +12,8 @@ namespace vnb {
 namespace {
 
 constexpr qsizetype largestFile = qsizetype{16} << 20;
+/// Characters that a document may make: a file of the largest size without entities.
+constexpr qsizetype longestContent = largestFile;
 constexpr std::size_t deepest = 64;
 
 } // namespace
@@ -25,7 +27,13 @@ std::optional<QString> XmlElement::getAttribute(QStringView name) const {
 /// Grows the tree of one document while its file is walked.
 class XmlBuilder {
 public:
-  XmlBuilder(const QByteArray &bytes, QString &text) : m_reader(bytes), m_text(text) {}
+  XmlBuilder(const QByteArray &bytes, QString &text) : m_reader(bytes), m_text(text) {
+    // The reader limits a single entity, but many references to it add up: the longer the file, the
+    // less each may make.
+    constexpr qsizetype inShortFiles = 4096;
+    m_reader.setEntityExpansionLimit(
+        static_cast<int>(std::min(inShortFiles, longestContent / (bytes.size() + 1))));
+  }
 
   XmlElement build() {
     XmlElement document; // holds the root as its only child
@@ -44,7 +52,12 @@ private:
     else if (token == QXmlStreamReader::EndElement)
       end();
     else if (token == QXmlStreamReader::Characters)
-      m_text += m_reader.text();
+      addText();
+  }
+
+  void addText() {
+    count(m_reader.text().size());
+    m_text += m_reader.text();
   }
 
   void start() {
@@ -52,9 +65,11 @@ private:
       fail(QStringLiteral("The elements are nested too deeply."));
     XmlElement &element = m_open.back()->m_children.emplace_back();
     element.m_tagName = m_reader.qualifiedName().toString();
-    for (const QXmlStreamAttribute &attribute : m_reader.attributes())
+    for (const QXmlStreamAttribute &attribute : m_reader.attributes()) {
+      count(attribute.qualifiedName().size() + attribute.value().size());
       element.m_attributes.emplace_back(attribute.qualifiedName().toString(),
                                         attribute.value().toString());
+    }
     element.m_documentText = &m_text;
     element.m_textStart = m_text.size();
     m_open.push_back(&element);
@@ -63,6 +78,13 @@ private:
   void end() {
     m_open.back()->m_textEnd = m_text.size();
     m_open.pop_back();
+  }
+
+  /// A document type can give every element a long attribute that the file holds only once.
+  void count(qsizetype characters) {
+    m_left -= characters;
+    if (m_left < 0)
+      fail(QStringLiteral("The content is longer than 16 Mi characters."));
   }
 
   [[noreturn]] void fail(const QString &reason) const {
@@ -74,6 +96,7 @@ private:
 
   QXmlStreamReader m_reader;
   QString &m_text;
+  qsizetype m_left = longestContent;
   std::vector<XmlElement *> m_open; // from the document down to the innermost open element
 };
 

@@ -86,7 +86,9 @@ void frmSettings::UpdateColors() {
 }
 
 void frmSettings::txtGridRes_Change() {
-  m_txtGridRes->setContent(doubleText(Val(m_txtGridRes->text())));
+  const QString number = doubleText(Val(m_txtGridRes->text()));
+  if (number != m_txtGridRes->text()) // setting it moves the cursor
+    m_txtGridRes->setContent(number);
 }
 
 void frmSettings::picColor_Click(std::size_t Index) {
@@ -102,7 +104,7 @@ void frmSettings::cmdOK_Click() {
     GridRes = roundToLong(Val(m_txtGridRes->text()));
     ShowGrid = m_chkGrid->isChecked();
     LoadLastFile = m_chkLoadLast->isChecked();
-    for (const std::size_t i : {0, 5, 6, 2, 1, 3, 4})
+    for (const std::size_t i : std::array<std::size_t, 7>{0, 5, 6, 2, 1, 3, 4})
       *swatches[i].colour = m_picColor[i]->BackColor();
     LinkColorChanged();
   });

@@ -14,7 +14,6 @@
 #include <random>
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace vnb::test {
 namespace {
@@ -78,7 +77,7 @@ TEST(CLng, RoundsHalvesToTheEvenNeighbourAndRaises) {
            {std::string(400, '9'), 6},
            {std::string("1\0", 2), 13},
        })
-    EXPECT_EQ(errorOf([&] { CLng(text); }), error) << text;
+    EXPECT_EQ(errorOf([&text = text] { CLng(text); }), error) << text;
 }
 
 TEST(CDbl, TakesDecimalNumbersOnly) {
@@ -88,9 +87,13 @@ TEST(CDbl, TakesDecimalNumbersOnly) {
                                                    {"1e+15", 1e15},
                                                    {"0." + std::string(400, '0') + "1", 0},
                                                    {"0e999", 0},
+                                                   {"0." + std::string(400, '0') + "1e+2", 0},
+                                                   {"1e-99999999999999999999", 0},
                                                    {"5e-324", 5e-324}})
     EXPECT_EQ(CDbl(text), due) << text;
-  EXPECT_EQ(errorOf([] { CDbl(std::string(400, '9')); }), 6);
+  for (const std::string &text : {std::string(400, '9'), "1" + std::string(400, '0') + "e-2",
+                                  std::string("1e99999999999999999999")})
+    EXPECT_EQ(errorOf([&] { CDbl(text); }), 6) << text;
   EXPECT_EQ(errorOf([] { CDbl("1d5"); }), 13);
 }
 
@@ -196,10 +199,10 @@ TEST(File, RaisesTheClassicNumbers) {
                                             {QStringLiteral("/dev/zero"), 75},
                                             {QString(), 52},
                                             {folder.file("x", "x") + QStringLiteral("/y"), 76}})
-    EXPECT_EQ(errorOf([&] { File().openForInput(path); }), error) << path.toStdString();
+    EXPECT_EQ(errorOf([&path = path] { File().openForInput(path); }), error) << path.toStdString();
   for (const auto &[path, error] :
        std::vector<std::pair<QString, int>>{{folder.path("no/x"), 76}, {here, 75}, {QString(), 52}})
-    EXPECT_EQ(errorOf([&] { File().openForOutput(path); }), error) << path.toStdString();
+    EXPECT_EQ(errorOf([&path = path] { File().openForOutput(path); }), error) << path.toStdString();
   File full;
   full.openForOutput(QStringLiteral("/dev/full"));
   EXPECT_EQ(errorOf([&] { full.write("x"); }), 61);

@@ -7,7 +7,7 @@ namespace vnb::test {
 namespace {
 
 std::string shortText(const MessageBox &box) {
-  const std::string text = box.text.toStdString();
+  std::string text = box.text.toStdString();
   if (box.title != u"Error!" || !text.starts_with("Error "))
     return text;
   const std::size_t number = text.find(" occurred in ");

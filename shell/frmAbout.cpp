@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "shell/frmAbout.h"
+
+#include "forms/controls.h"
+#include "forms/pictures.h"
+#include "runtime/report.h"
+#include "shell/abouttexts.h"
+#include "shell/pagebutton.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPlainTextEdit>
+
+namespace vnb {
+namespace {
+
+struct ButtonRow {
+  const char *caption;
+  int left; // twips
+  PageButton::Colours colours;
+};
+
+constexpr PageButton::Colours plain{0xFFFFFFFF, 0xFFFFFFFF, 0xFF404040};
+constexpr PageButton::Colours fiery{0xFFFF0000, 0xFFFF8000, 0xFF804000};
+
+constexpr std::array<ButtonRow, 3> buttons{
+    {{"About", 30, plain}, {testersCaption, 1335, plain}, {"Flying", 2640, fiery}}};
+constexpr std::size_t hiddenButton = 2;
+
+} // namespace
+
+frmAbout::frmAbout() : FormWindow("frmAbout", "About", {5970, 4290}) {
+  QPalette onBlack(Qt::white, Qt::black, Qt::gray, Qt::darkGray, Qt::darkGray, Qt::white, Qt::white,
+                   Qt::black, Qt::black);
+  setPalette(onBlack);
+  addButtons();
+  m_picAbout = addLabel(*this, QStringLiteral("picAbout"), {}, {330, 540, 5310, 3600});
+  m_picAbout->setPixmap(LoadResPicture(QStringLiteral("LOGO")));
+  m_picAbout->setAccessibleName(QStringLiteral("Vantry Network Builder"));
+  m_txtAbout = add<QPlainTextEdit>(*this, QStringLiteral("txtAbout"));
+  m_txtAbout->setAccessibleName(QStringLiteral("Page text"));
+  m_txtAbout->setReadOnly(true);
+  m_txtAbout->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  QFont arial(QStringLiteral("Arial"));
+  arial.setPointSizeF(9.75);
+  m_txtAbout->setFont(arial);
+  place(*m_txtAbout, 30, 450, 5910, 3780);
+  showPage(false);
+}
+
+void frmAbout::addButtons() {
+  for (std::size_t i = 0; i < buttons.size(); ++i) {
+    auto *button = add<PageButton>(*this, QStringLiteral("picButton%1").arg(i), buttons[i].colours);
+    button->setText(QString::fromLatin1(buttons[i].caption));
+    button->setAccessibleName(button->text());
+    place(*button, buttons[i].left, 30, 1275, 345);
+    connect(button, &PageButton::clicked, this, [this, i] { picButton_Click(i); });
+    m_picButton[i] = button;
+  }
+  m_picButton[hiddenButton]->hide();
+}
+
+void frmAbout::paintEvent(QPaintEvent *event) {
+  QPainter(this).fillRect(event->rect(), Qt::black);
+}
+
+void frmAbout::showPage(bool page) {
+  m_txtAbout->setVisible(page);
+  m_picAbout->setVisible(!page);
+}
+
+/// Opens a page, or closes it if it is open.
+void frmAbout::picButton_Click(std::size_t Index) {
+  reported("frmAbout", "picButton_Click", [&] {
+    const bool open = !m_picButton[Index]->isSelected();
+    for (PageButton *button : m_picButton)
+      button->setSelected(false);
+    showPage(open);
+    if (!open)
+      return;
+    m_picButton[Index]->setSelected(true);
+    m_txtAbout->setPlainText(aboutText(static_cast<int>(Index)));
+  });
+}
+
+void frmAbout::mouseDoubleClickEvent(QMouseEvent *event) {
+  // One on a child doesn't count.
+  if (childAt(event->position().toPoint()) == nullptr)
+    reported("frmAbout", "Form_DblClick", [this] { m_picButton[hiddenButton]->show(); });
+}
+
+} // namespace vnb

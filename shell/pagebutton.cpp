@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "shell/pagebutton.h"
+
+#include <QPainter>
+
+namespace vnb {
+
+PageButton::PageButton(QWidget *parent, Colours colours)
+    : QAbstractButton(parent), m_colours(colours) {
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+void PageButton::setSelected(bool selected) {
+  m_selected = selected;
+  update();
+}
+
+void PageButton::paintEvent(QPaintEvent * /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), Qt::black);
+  painter.setPen(QColor::fromRgb(m_selected ? m_colours.selected : m_colours.resting));
+  painter.drawRect(rect().adjusted(1, 1, -2, -2));
+  if (hasFocus()) {
+    painter.setPen(QPen(QColor::fromRgb(m_colours.caption), 1, Qt::DotLine));
+    painter.drawRect(rect().adjusted(3, 3, -4, -4));
+  }
+  painter.setPen(QColor::fromRgb(m_colours.caption));
+  painter.drawText(rect(), Qt::AlignCenter, text());
+}
+
+} // namespace vnb

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+/// The tab-like buttons of the about box.
+#pragma once
+
+#include <QAbstractButton>
+
+namespace vnb {
+
+/// A caption in an outline, which lights up while the button's page is open.
+class PageButton : public QAbstractButton {
+public:
+  struct Colours {
+    QRgb caption, selected, resting;
+  };
+
+  PageButton(QWidget *parent, Colours colours);
+
+  bool isSelected() const { return m_selected; }
+  void setSelected(bool selected);
+
+protected:
+  void paintEvent(QPaintEvent *event) override;
+
+private:
+  Colours m_colours;
+  bool m_selected = false;
+};
+
+} // namespace vnb
