@@ -25,8 +25,10 @@ QStringList fields(const QString &files, qsizetype due, const char *description)
   return result;
 }
 
-/// The picture in `file`, or the built-in one where that is empty.
+/// The picture in `file`, or the built-in one where that is empty. The built-in one must exist in
+/// every case: a missing one would otherwise show only with some themes.
 QPixmap pictureOr(const QString &file, const QString &builtIn) {
+  requireResPicture(builtIn);
   return file.isEmpty() ? LoadResPicture(builtIn) : LoadPicture(file);
 }
 

@@ -16,15 +16,27 @@ static void initResources() {
 
 namespace vnb {
 
-QPixmap LoadResPicture(const QString &name) {
-  // The resources lie in a library that the linker would otherwise leave out.
+namespace {
+
+/// Path of a built-in bitmap. The resources lie in a library that the linker would otherwise leave
+/// out.
+QString resPath(const QString &name) {
   static const bool ready = (initResources(), true);
-  QPixmap picture;
-  if (ready)
-    picture.load(QStringLiteral(":/pictures/%1.png").arg(name));
+  return ready ? QStringLiteral(":/pictures/%1.png").arg(name) : QString();
+}
+
+} // namespace
+
+QPixmap LoadResPicture(const QString &name) {
+  QPixmap picture(resPath(name));
   if (picture.isNull())
     throw RuntimeError(Fault::ResourceNotFound);
   return picture;
+}
+
+void requireResPicture(const QString &name) {
+  if (!QFileInfo::exists(resPath(name)))
+    throw RuntimeError(Fault::ResourceNotFound);
 }
 
 namespace {

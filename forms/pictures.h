@@ -10,6 +10,9 @@ namespace vnb {
 /// The built-in bitmap `name`, sharp at the screen's scale. Raises 326 if there is none.
 QPixmap LoadResPicture(const QString &name);
 
+/// Raises 326 if there is no built-in bitmap `name`, without the cost of reading it.
+void requireResPicture(const QString &name);
+
 /// The picture in a file, of any format that Qt reads here. On a screen of scale 2 or 3,
 /// NAME@2x.EXT or NAME@3x.EXT beside it is taken instead. Raises 53 for a missing file, 481 for one
 /// that is no picture, is damaged, or is larger than 4096 pixels in width or height.
