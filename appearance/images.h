@@ -17,8 +17,8 @@ struct ButtonImageSet {
   QPixmap Down; // while pressed
 };
 
-/// Picture of a device type, opaque; that of type 0 is empty for good, the others until the first load.
-/// Raises 9 for a code above 16 or below 0.
+/// Picture of a device type, opaque; that of type 0 is empty for good, the others until the first
+/// load. Raises 9 for a code above 16 or below 0.
 const QPixmap &DeviceImages(std::int32_t lType);
 
 /// Fills `set` from `files`, the paths of Off, Over and Down with "|" between them, and shows Off

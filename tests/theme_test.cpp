@@ -309,6 +309,18 @@ TEST_F(ThemeLoader, TakesTheUsualPicturesOfSoundSize) {
   }
 }
 
+TEST_F(ThemeLoader, ClearPartsOfADeviceAreBlack) {
+  QImage image(5, 7, QImage::Format_ARGB32);
+  image.fill(Qt::transparent);
+  image.setPixelColor(1, 1, Qt::red);
+  ASSERT_TRUE(image.save(folder.path("clear.png")));
+  EXPECT_EQ(loadDevices("<d name='router' image='clear.png'/>"), "");
+  const QImage shown = DeviceImages(1).toImage();
+  EXPECT_FALSE(shown.hasAlphaChannel());
+  EXPECT_EQ(shown.pixelColor(0, 0), QColor(Qt::black));
+  EXPECT_EQ(shown.pixelColor(1, 1), QColor(Qt::red));
+}
+
 class ButtonPictures : public ThemeLoader {
 protected:
   /// Shows the button at rest, then pressed.

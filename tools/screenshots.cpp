@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+// Pictures of every window in every theme, for a look at all of them after a change and for the
+// documents. Run by tools/screenshots, once for each scale.
+
+#include "appearance/frmThemes.h"
+#include "editor/frmMain.h"
+#include "editor/frmToolbox.h"
+#include "panels/frmDevice.h"
+#include "panels/frmLanInfo.h"
+#include "panels/frmLinks.h"
+#include "panels/frmSubnet.h"
+#include "shell/frmAbout.h"
+#include "shell/frmSettings.h"
+#include "shell/frmSplash.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+
+#include <cstdio>
+
+namespace vnb {
+namespace {
+
+/// Saves what a window shows under a name, in the folder of its theme.
+class Album {
+public:
+  explicit Album(QString folder) : m_folder(std::move(folder)) { QDir().mkpath(m_folder); }
+
+  void add(QWidget &window, const QString &name) const {
+    QApplication::processEvents();
+    if (!window.grab().save(m_folder + u'/' + name + QStringLiteral(".png")))
+      std::fprintf(stderr, "%s can't be written\n", qUtf8Printable(name));
+  }
+
+  template <class F>
+  void addForm() const {
+    F &form = Form<F>::instance();
+    form.show();
+    add(form, form.objectName());
+    form.hide();
+  }
+
+private:
+  QString m_folder;
+};
+
+std::int32_t firstOf(std::int32_t lType) {
+  for (std::int32_t i = 0; i <= UBound(Systems); ++i)
+    if (Systems[static_cast<std::size_t>(i)].lType == lType)
+      return i;
+  return 0;
+}
+
+void takePanels(frmMain &main, const Album &album) {
+  Form<frmLinks>::instance().show();
+  for (const std::int32_t lType :
+       {SystemType::Router, SystemType::MainServer, SystemType::Lock, SystemType::Modem,
+        SystemType::IsolationBridge, SystemType::RadioReceiver}) {
+    main.selection().SelectItem(firstOf(lType), SelectedColor, false);
+    const QString type = NameFromType(lType, false);
+    album.add(Form<frmDevice>::instance(), QStringLiteral("frmDevice-") + type);
+    album.add(Form<frmLinks>::instance(), QStringLiteral("frmLinks-") + type);
+    album.add(Form<frmSubnet>::instance(), QStringLiteral("frmSubnet-") + type);
+  }
+  main.selection().SelectItem(firstOf(SystemType::MainServer), SelectedColor, false);
+  album.add(main, QStringLiteral("frmMain-selected"));
+  main.selection().Deselect();
+  album.add(Form<frmDevice>::instance(), QStringLiteral("frmDevice-none"));
+  album.add(Form<frmLinks>::instance(), QStringLiteral("frmLinks-none"));
+  album.add(Form<frmSubnet>::instance(), QStringLiteral("frmSubnet-none"));
+}
+
+void takeAbout(const Album &album) {
+  frmAbout &about = Form<frmAbout>::instance();
+  about.show();
+  album.add(about, QStringLiteral("frmAbout-logo"));
+  for (auto *button : about.findChildren<QAbstractButton *>()) {
+    button->show();
+    button->click();
+    album.add(about, QStringLiteral("frmAbout-") + button->objectName());
+  }
+  about.hide();
+}
+
+void takeTheme(frmMain &main, const QString &theme, const QString &out) {
+  LoadTheme(theme, *frmThemes::View);
+  GridRes = 20;
+  main.picLayout().DrawGrid();
+  const Album album(out + u'/' + theme);
+  album.add(main, QStringLiteral("frmMain"));
+  takePanels(main, album);
+  Form<frmThemes>::instance().Form_Load();
+  Form<frmSettings>::instance().Form_Load();
+  Form<frmToolbox>::instance().Form_Load();
+  album.addForm<frmLanInfo>();
+  album.addForm<frmThemes>();
+  album.addForm<frmSettings>();
+  album.addForm<frmToolbox>();
+  album.addForm<frmSplash>();
+  takeAbout(album);
+}
+
+int run(const QStringList &words) {
+  if (words.size() != 3) {
+    std::fputs("usage: screenshots FILE.txt OUT\n", stderr);
+    return EXIT_FAILURE;
+  }
+  frmMain main;
+  main.resize(1120, 800);
+  main.show();
+  const QStringList themes = QDir(themesFolder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+  for (const QString &theme : themes) {
+    LoadTheme(theme, *frmThemes::View);
+    DiagramReaderView view(main.operations());
+    OpenLANFile(words[1], main.operations(), view);
+    takeTheme(main, theme, words[2]);
+  }
+  return themes.isEmpty() ? EXIT_FAILURE : EXIT_SUCCESS;
+}
+
+} // namespace
+} // namespace vnb
+
+int main(int argc, char *argv[]) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  return vnb::run(QApplication::arguments());
+}
