@@ -50,6 +50,16 @@ std::int32_t &lockField(std::int32_t box) {
   return *fields[box];
 }
 
+/// `font` with its blanks as wide as it takes to give `text` a width in pixels.
+QFont stretchedFont(QFont font, const QString &text, qreal width) {
+  const auto widthOf = [&] { return QFontMetricsF(font).horizontalAdvance(text); };
+  const qreal natural = widthOf();
+  font.setWordSpacing(1);
+  const qreal counted = widthOf() - natural; // the blanks that the spacing applies to
+  font.setWordSpacing(counted > 0 ? (width - natural) / counted : 0);
+  return font;
+}
+
 } // namespace
 
 frmDevice::frmDevice() : FormWindow("frmDevice", "Device Properties", {4680, 1590}) {
@@ -68,8 +78,8 @@ void frmDevice::addCommon() {
   place(*m_txtData, 1830, 45, 2760, 285);
   describe(*m_txtData, *m_lblInfo[0]);
   m_lblInfo[1] = addLabel(*this, QStringLiteral("lblInfo1"), QStringLiteral("Security level:"),
-                          {60, 375, 1500, 195});
-  m_optSecur = new SecurityOptions(*this, {1830, 345, 315, 255});
+                          {60, 390, 1500, 195});
+  m_optSecur = new SecurityOptions(*this, {1830, 375, 315, 240});
   m_optSecur->Click = [](std::int32_t Index) {
     if (lSelectedItem != -1)
       selectedSystem().lSecur = Index + 1;
@@ -133,11 +143,8 @@ void frmDevice::addFrequency(QWidget &group) {
   constexpr int blanks = 11;
   const QString run(blanks, u' ');
   const QString caption = QStringLiteral("Frequency:");
-  QFont stretched = font();
-  const QFontMetricsF metrics(stretched);
-  const qreal room =
-      pixels(pointAt) - metrics.horizontalAdvance(u'.') / 2 - metrics.horizontalAdvance(caption);
-  stretched.setWordSpacing(room / blanks - metrics.horizontalAdvance(u' '));
+  const QFont stretched = stretchedFont(
+      font(), caption + run, pixels(pointAt) - QFontMetricsF(font()).horizontalAdvance(u'.') / 2);
   QLabel *lblFreq =
       addLabel(group, QStringLiteral("lblFreq"), caption + run + u'.' + run + QStringLiteral("GHz"),
                {0, 150, 4500, 195});

@@ -80,7 +80,7 @@ void takeAbout(const Album &album) {
     button->click();
     album.add(about, QStringLiteral("frmAbout-") + button->objectName());
   }
-  about.hide();
+  Form<frmAbout>::unload();
 }
 
 void takeTheme(frmMain &main, const QString &theme, const QString &out) {
@@ -93,6 +93,7 @@ void takeTheme(frmMain &main, const QString &theme, const QString &out) {
   Form<frmThemes>::instance().Form_Load();
   Form<frmSettings>::instance().Form_Load();
   Form<frmToolbox>::instance().Form_Load();
+  Form<frmLanInfo>::instance().Form_Load();
   album.addForm<frmLanInfo>();
   album.addForm<frmThemes>();
   album.addForm<frmSettings>();
@@ -114,6 +115,7 @@ int run(const QStringList &words) {
     LoadTheme(theme, *frmThemes::View);
     DiagramReaderView view(main.operations());
     OpenLANFile(words[1], main.operations(), view);
+    Form<frmDevice>::instance().PopulateLockBoxes();
     takeTheme(main, theme, words[2]);
   }
   return themes.isEmpty() ? EXIT_FAILURE : EXIT_SUCCESS;
