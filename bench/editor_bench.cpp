@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the user waits for: opening, painting, scrolling, every gesture and edit, at all sizes.
 
+#include "appearance/frmThemes.h"
 #include "editor/frmMain.h"
 #include "lanfile/lanfile.h"
 #include "panels/frmDevice.h"
@@ -177,6 +178,18 @@ void typeCharacter(benchmark::State &state) {
   bench().main().selection().Deselect();
 }
 
+void switchTheme(benchmark::State &state) {
+  bench().make(state.range(0), Shape::Normal);
+  bool light = false;
+  for (auto _ : state) {
+    light = !light;
+    LoadTheme(light ? QStringLiteral(VNB_THEMES "/light/theme.xml")
+                    : QStringLiteral(VNB_THEMES "/default/theme.xml"),
+              *frmThemes::View);
+    Bench::settle();
+  }
+}
+
 void sizes(benchmark::internal::Benchmark *rows) {
   rows->Arg(1000)->Arg(4096)->Arg(32767)->Unit(benchmark::kMillisecond);
 }
@@ -201,6 +214,7 @@ BENCHMARK(pointerMove)->Name("PointerMove/ours")->Apply(sizes);
 BENCHMARK(addLink)->Name("AddLink/ours")->Apply(fewSizes);
 BENCHMARK(removeDevice)->Name("RemoveDevice/ours")->Apply(fewSizes);
 BENCHMARK(newLan)->Name("New/ours")->Apply(fewSizes);
+BENCHMARK(switchTheme)->Name("SwitchTheme/ours")->Apply(sizes);
 BENCHMARK(typeCharacter)->Name("TypeCharacter/ours")->Apply(sizes);
 
 } // namespace

@@ -15,6 +15,9 @@ namespace {
 /// What a sprite without a picture shows, so that a device of an unknown type can be seen.
 constexpr QRgb blankSprite = 0xFF404040;
 
+/// Colour of the rubber band until a theme gives another.
+constexpr Colour designBandColour = 0xE48257;
+
 /// A line to paint, with its colour.
 struct ColouredLine {
   QLineF line;
@@ -76,6 +79,7 @@ Surface::Surface(QWidget *parent) : QWidget(parent) {
   numberFont.setBold(true);
   setFont(numberFont);
   setObjectName(QStringLiteral("picLayout"));
+  lneXOR.BorderColor = designBandColour;
   resize(size, size);
   // Opaque, so that scrolling moves pixels instead of painting them anew.
   setAttribute(Qt::WA_OpaquePaintEvent);

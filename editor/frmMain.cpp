@@ -168,12 +168,19 @@ void frmMain::Form_Resize() {
   });
 }
 
+/// Events that a child leaves come here too; the bare form is where there is none.
+bool frmMain::isBare(QPoint at) const {
+  return rect().contains(at) && childAt(at) == nullptr;
+}
+
 void frmMain::mouseMoveEvent(QMouseEvent *event) {
-  m_gestures.Form_MouseMove(event->position().toPoint());
+  const QPoint at = event->position().toPoint();
+  if (isBare(at))
+    m_gestures.Form_MouseMove(at);
 }
 
 void frmMain::mouseReleaseEvent(QMouseEvent *event) {
-  if (rect().contains(event->position().toPoint()))
+  if (isBare(event->position().toPoint()))
     m_gestures.Form_Click();
 }
 

@@ -58,6 +58,7 @@ private:
   template <class F>
   void showPanel(const char *procedure);
 
+  bool isBare(QPoint at) const;
   void openMenu(std::int32_t Index, QPoint global);
 
   void fillDevice() override;
