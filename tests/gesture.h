@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+/// The main window with devices on it, and verbs that read as the user's.
+#pragma once
+
+#include "appearance/images.h"
+#include "editor/contextmenu.h"
+#include "editor/frmMain.h"
+#include "editor/frmToolbox.h"
+#include "forms/dialogs.h"
+#include "shell/cdlgex.h"
+#include "support.h"
+
+#include <gmock/gmock.h>
+
+#include <QComboBox>
+#include <QPointer>
+#include <QSettings>
+#include <QTest>
+#include <QWindow>
+
+#include <sstream>
+
+namespace vnb::test {
+
+inline constexpr std::int32_t router = 0;
+inline constexpr std::int32_t hub = 1;
+inline constexpr std::int32_t terminal = 2;
+inline constexpr std::int32_t lock = 3;
+inline constexpr std::int32_t server = 4;
+inline constexpr std::int32_t nothing = -1;
+
+/// The user's pointer. While a button is held, everything goes to the window that was pressed.
+class Pointer {
+public:
+  void moveTo(QPoint global) {
+    m_at = global;
+    send(QEvent::MouseMove, Qt::NoButton);
+  }
+  void press(Qt::MouseButton button) {
+    m_buttons |= button;
+    if (m_pressed == nullptr)
+      m_pressed = QGuiApplication::topLevelAt(m_at);
+    send(QEvent::MouseButtonPress, button);
+  }
+  void release(Qt::MouseButton button) {
+    m_buttons.setFlag(button, false);
+    send(QEvent::MouseButtonRelease, button);
+    if (m_buttons == Qt::NoButton)
+      m_pressed = nullptr;
+  }
+  /// The buttons are up, and no window was told.
+  void loseRelease() {
+    m_buttons = Qt::NoButton;
+    m_pressed = nullptr;
+  }
+  /// Long enough for the next press not to make a double click.
+  static void wait() { time += 1000; }
+
+private:
+  void send(QEvent::Type type, Qt::MouseButton button) const {
+    QWindow *window = m_pressed != nullptr ? m_pressed.data() : QGuiApplication::topLevelAt(m_at);
+    time += 20;
+    if (window != nullptr)
+      qt_handleMouseEvent(window, window->mapFromGlobal(m_at), m_at, m_buttons, button, type, {},
+                          time);
+    QCoreApplication::processEvents();
+  }
+
+  inline static int time = 0; // milliseconds, never back: the application compares them
+  QPoint m_at;
+  Qt::MouseButtons m_buttons = Qt::NoButton;
+  QPointer<QWindow> m_pressed;
+};
+
+/// The main window with five devices, all of them in view, and verbs that read as the user's.
+/// Places are pixels of the surface if nothing else is said.
+class Gesture : public testing::Test {
+public:
+  Gesture() {
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, store.path("."));
+    LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
+    SelectedColor = 0xFFFFFF;
+    LinkColor = 0xE48257;
+    LinkSelColor = 0x0000FF;
+    LockColor = 0x00FFFF;
+    SubnetColor = 0x008000;
+    Cdlg = {};
+    showFileDialog = [this](const FileDialog &dialog) -> std::optional<QString> {
+      dialogs.push_back(dialog.title.toStdString());
+      return fileName.isNull() ? std::nullopt : std::optional(fileName);
+    };
+    main.operations().ClearLAN();
+    add(2, 100, 50);
+    add(4, 200, 150);
+    add(9, 300, 50);
+    add(5, 100, 250);
+    main.move(0, 0);
+    main.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&main));
+  }
+  ~Gesture() override { Form<frmToolbox>::unload(); }
+
+  void add(std::int32_t lType, std::int32_t lX, std::int32_t lY) {
+    main.operations().AddSystem(lType, lX, lY, 1, -1, -1, -1, {});
+  }
+  void link(std::int32_t lFrom, std::int32_t lTo) {
+    main.operations().AddLink(lFrom, .5, .5, lTo, .5, .5, 1);
+  }
+  Surface &surface() { return main.picLayout(); }
+  vnb::Gestures &gestures() { return dynamic_cast<vnb::Gestures &>(*surface().events); }
+  template <class T = QWidget>
+  T &child(const char *name) {
+    return *main.findChild<T *>(QString::fromLatin1(name));
+  }
+
+  // Verbs.
+
+  /// Presses a device at a place within it, its corner if none is given.
+  Gesture &press(std::int32_t device, Qt::MouseButton button = Qt::LeftButton, QPoint grab = {}) {
+    const Sprite &sprite = surface().picSystem(device);
+    return pressAt(sprite.Left + grab.x(), sprite.Top + grab.y(), button);
+  }
+  Gesture &pressAt(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
+    moveTo(x, y);
+    Pointer::wait();
+    return pressOn(button);
+  }
+  Gesture &pressIn(QWidget &widget, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
+    moveIn(widget, at);
+    Pointer::wait();
+    return pressOn(button);
+  }
+  /// Presses one more button where the pointer is, or the same again.
+  Gesture &pressOn(Qt::MouseButton button = Qt::LeftButton) {
+    m_button = button;
+    pointer.press(button);
+    return *this;
+  }
+  Gesture &moveTo(int x, int y) { return moveIn(surface(), {x, y}); }
+  Gesture &moveIn(QWidget &widget, QPoint at) {
+    pointer.moveTo(widget.mapToGlobal(at));
+    return *this;
+  }
+  Gesture &release() { return release(m_button); }
+  Gesture &release(Qt::MouseButton button) {
+    pointer.release(button);
+    return *this;
+  }
+  Gesture &click(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
+    return pressAt(x, y, button).release();
+  }
+  Gesture &doubleClick(std::int32_t device, Qt::MouseButton button = Qt::LeftButton) {
+    return press(device, button).release().pressOn(button).release();
+  }
+  void select(std::int32_t device) { press(device).release(); }
+  /// Puts a device somewhere without a gesture.
+  void put(std::int32_t device, int x, int y) {
+    Sprite &sprite = surface().picSystem(device);
+    SystemRec &record = Systems[static_cast<std::size_t>(device)];
+    record.lX = sprite.Left = x;
+    record.lY = sprite.Top = y;
+  }
+  void scrollTo(int x, int y) {
+    child<QScrollBar>("hsbScroll").setValue(x);
+    child<QScrollBar>("vsbScroll").setValue(y);
+  }
+
+  /// The toolbox beside the main window, on the entry of that position.
+  frmToolbox &toolbox(int item = 0) {
+    main.picAdd_Click();
+    auto &form = Form<frmToolbox>::instance();
+    form.move(main.width() + 10, 0);
+    form.findChild<QComboBox *>()->setCurrentIndex(item);
+    QCoreApplication::processEvents();
+    return form;
+  }
+  QWidget &preview() {
+    return *Form<frmToolbox>::instance().findChild<QWidget *>(QStringLiteral("picPreview"));
+  }
+
+  // What is seen.
+
+  /// Where a device is, by its sprite and by its record.
+  std::string at(std::int32_t device) {
+    const Sprite &sprite = surface().picSystem(device);
+    const SystemRec &record = Systems[static_cast<std::size_t>(device)];
+    std::ostringstream out;
+    out << sprite.Left << ',' << sprite.Top;
+    if (record.lX != sprite.Left || record.lY != sprite.Top)
+      out << " but in its record " << record.lX << ',' << record.lY;
+    return out.str();
+  }
+  std::string lines() {
+    std::ostringstream out;
+    for (std::int32_t i = 1; i <= surface().lneLink.UBound(); ++i)
+      describe(out, surface().lneLink(i)) << ';';
+    return out.str();
+  }
+  std::string band() {
+    std::ostringstream out;
+    describe(out, surface().lneXOR);
+    return out.str();
+  }
+  static std::ostream &describe(std::ostream &out, const Line &line) {
+    if (!line.Visible)
+      return out << "hidden";
+    return out << line.X1 << ',' << line.Y1 << '-' << line.X2 << ',' << line.Y2;
+  }
+  /// "1 solid 2 FFFFFF #1;" for each framed device: width, colour, number.
+  std::string frames() {
+    std::ostringstream out;
+    for (std::int32_t i = 0; i <= surface().picSystem.UBound(); ++i) {
+      const SpriteLayer &layer = surface().picSystem(i).layer;
+      if (layer.frameWidth == 0)
+        continue;
+      out << i << (layer.dotted ? " dotted " : " solid ") << int{layer.frameWidth} << ' '
+          << std::hex << std::uppercase << layer.colour << std::dec;
+      if (layer.number != -1)
+        out << " #" << layer.number;
+      out << ';';
+    }
+    return out.str();
+  }
+  std::string status() { return child<QLabel>("lblStatus").text().toStdString(); }
+
+  const Folder store;
+  Boxes boxes;
+  std::vector<std::string> dialogs;
+  QString fileName; // that file dialogs answer; null to cancel
+  frmMain main;
+  ContextMenu contextMenu{main.selection(), main.operations()};
+  Pointer pointer;
+
+private:
+  Qt::MouseButton m_button = Qt::LeftButton;
+};
+
+} // namespace vnb::test
