@@ -1,26 +1,34 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# A file is opened and saved under another name with the same bytes; the settings last.
-source "$(dirname "$0")/session.sh"
+# Open a file by its path, save it under other names, be told to end.
+source "$(dirname "$0")/session.sh" "$@"
 
-start_program
+start_and_wait
 shortcut ctrl o
-answer_dialog "Open LAN" "$samples/company.txt"
-save_as "$folder/copy.txt"
-cmp "$samples/company.txt" "$folder/copy.txt"
-
-# An existing file is asked for; No keeps it.
-shortcut ctrl n
+open_path "$samples/company.txt"
+back_from 'Open LAN'
 shortcut ctrl s
-await active "Save LAN"
-xdotool key ctrl+a
-xdotool type --delay 5 "$folder/copy.txt"
-xdotool key Return
-await xdotool search --onlyvisible --name "^Save LAN\$" # the question stands over the dialog
-xdotool key Escape Escape
-await active "$main_title"
-cmp "$samples/company.txt" "$folder/copy.txt"
+wait_for 'Save LAN'
+type_path "$session/copy.txt"
+until_so same "$session/copy.txt" "$samples/company.txt"
+back_from 'Save LAN'
 
-stop_program
-grep -qx "LastFile=$folder/copy.txt" "$XDG_CONFIG_HOME/VNB.ini"
-grep -qx "Theme=.*/themes/default/theme.xml" "$XDG_CONFIG_HOME/VNB.ini"
+# A file that is there is overwritten only on Yes.
+printf 'old' >"$session/old.txt"
+shortcut ctrl s
+wait_for 'Save LAN'
+dialog=$(named 'Save LAN')
+type_path "$session/old.txt"
+until_so active_is_not "$dialog"
+xdotool key Escape
+until_so active_is "$dialog"
+[ "$(cat "$session/old.txt")" = old ] || fail 'overwritten in spite of No'
+xdotool key Return
+until_so active_is_not "$dialog"
+xdotool key alt+y
+until_so same "$session/old.txt" "$samples/company.txt"
+until_so hidden 'Save LAN'
+
+kill -TERM "$pid"
+ended
+has_line "$store" "LastFile=$session/old.txt" || fail "LastFile isn't in the store"

@@ -1,94 +1,152 @@
 # SPDX-License-Identifier: MIT
-# A session of the whole program on an X display of its own, for the scripts beside this one. Nothing
-# sleeps to win a race: every step waits until what it needs is there, or fails at a deadline.
-set -euo pipefail
+# A desktop of its own for one session of the program: display, window manager, home. To be sourced
+# as `source session.sh PROGRAM`. Nothing waits for a time to pass, only for something to be so.
+set -eu
 
 program=$1
-samples=$2
-folder=$(mktemp -d)
-export HOME=$folder XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/run
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+samples=$here/../../samples
+session=$(mktemp -d)
+processes=()
+
+export HOME=$session/home XDG_CONFIG_HOME=$session/config XDG_CACHE_HOME=$session/cache
+export XDG_DATA_HOME=$session/data XDG_RUNTIME_DIR=$session/runtime
 export QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
-mkdir -p -m 700 "$XDG_CONFIG_HOME" "$XDG_RUNTIME_DIR"
+unset WAYLAND_DISPLAY XAUTHORITY QT_STYLE_OVERRIDE QT_SCALE_FACTOR QT_QPA_PLATFORMTHEME
+unset XDG_CURRENT_DESKTOP DESKTOP_SESSION DBUS_SESSION_BUS_ADDRESS
+mkdir -p "$HOME" "$XDG_CONFIG_HOME" "$XDG_CACHE_HOME" "$XDG_DATA_HOME" "$XDG_RUNTIME_DIR"
+chmod 700 "$XDG_RUNTIME_DIR"
+store=$XDG_CONFIG_HOME/VNB.ini
 
-end() {
+clean_up() {
   local code=$?
-  [ "$code" -eq 0 ] || cat "$folder/output" >&2 || true
-  kill $(jobs -p) 2>/dev/null || true
-  rm -rf "$folder"
+  if [ "$code" -ne 0 ]; then
+    echo "Active: $(xdotool getactivewindow getwindowname)"; echo 'Windows on the screen:'
+    visible_windows | while read -r window; do xdotool getwindowname "$window"; done | grep . || true
+    cat "$session"/*.log || true
+  fi
+  for ((i = ${#processes[@]} - 1; i >= 0; --i)); do
+    kill "${processes[i]}" 2>/dev/null || true
+    wait "${processes[i]}" 2>/dev/null || true
+  done
+  rm -rf "$session"
+  exit "$code"
 }
-trap end EXIT
+trap clean_up EXIT
 
-# Waits for a command to succeed.
-await() {
-  local deadline=$((SECONDS + 20))
+fail() {
+  echo "$*" >&2
+  exit 1
+}
+
+# Waits until a command succeeds; its output goes nowhere.
+until_so() { # COMMAND...
+  local deadline=$((SECONDS + 30))
   until "$@" >/dev/null 2>&1; do
-    if [ "$SECONDS" -ge "$deadline" ]; then
-      echo "never came: $*" >&2
-      return 1
-    fi
+    [ $SECONDS -lt $deadline ] || fail "waited in vain for: $*"
     sleep 0.05
   done
 }
 
-start_display() {
-  Xvfb -displayfd 3 -screen 0 1280x900x24 3>"$folder/display" >/dev/null 2>&1 &
-  await test -s "$folder/display"
-  DISPLAY=:$(cat "$folder/display")
-  export DISPLAY
-  openbox >/dev/null 2>&1 &
-  await managed
+# Windows.
+
+visible_windows() { xdotool search --onlyvisible --name '' 2>/dev/null || true; }
+named() { xdotool search --onlyvisible --name "^$1" | tail -n 1; }
+shows() { [ -n "$(named "$1")" ]; }
+hidden() { ! shows "$1"; }
+# The active window is the one that the manager has told of, and the one that gets the keys.
+active() {
+  local window
+  window=$(xdotool getactivewindow) && [ "$(xdotool getwindowfocus)" = "$window" ] && echo "$window"
+}
+is_active() { [ "$(active)" = "$(named "$1")" ]; }
+active_is() { [ "$(active)" = "$1" ]; }
+active_is_not() { ! active_is "$1" && active; }
+window_count() { [ "$(visible_windows | wc -l)" -eq "$1" ]; }
+
+# Waits until a window of this title is the active one.
+wait_for() {
+  until_so shows "$1"
+  until_so is_active "$1"
 }
 
-# Whether a window manager is at work; the property's absence alone is no failure of xprop.
-managed() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"; }
+# Waits until a dialog is gone and the main window has the keys again. The window manager forgets to
+# give them back when a dialog and its question go at once.
+back_from() { # TITLE
+  until_so hidden "$1"
+  until_so main_has_keys
+}
+main_has_keys() { active_is "$main" || { xdotool windowactivate "$main" && false; }; }
 
-window() { xdotool search --onlyvisible --name "$1"; }
-gone() { ! window "$1"; }
-active() { [ "$(xdotool getactivewindow getwindowname)" = "$1" ]; }
+title='Vantry Network Builder v6.2.5'
 
-activate() { # TITLE
-  await window "^$1\$"
-  xdotool windowactivate "$(window "^$1\$")"
-  await active "$1"
+# Starts the program, `pid`, and with it a command that watches it.
+start() { # WATCHER...
+  "$@" "$program" >>"$session/program.log" 2>&1 &
+  pid=$!
+  processes+=("$pid")
+}
+start_and_wait() {
+  start
+  wait_for "$title"
+  main=$(named "$title")
+}
+# The program must have ended by itself, and well.
+ended() {
+  local code=0
+  wait "$pid" || code=$?
+  [ "$code" -eq 0 ] || fail "the program ended with $code"
 }
 
-main_title="Vantry Network Builder v6.2.5"
+# The pointer and the keys.
 
-start_program() {
-  "$program" >"$folder/output" 2>&1 &
-  program_pid=$!
-  activate "$main_title"
+point() { xdotool mousemove --window "$1" "$2" "$3"; } # WINDOW X Y
+drag() {                                              # WINDOW X Y WINDOW X Y
+  point "$1" "$2" "$3"
+  xdotool mousedown 1
+  point "$4" $(($5 - 3)) "$6"
+  point "$4" "$5" "$6"
+  xdotool mouseup 1
 }
-
-# The client area's corner lands at this place.
-move_window() { # TITLE X Y
-  local id
-  id=$(window "^$1\$")
-  xdotool windowmove --sync "$id" "$2" "$3"
+double_click() { # WINDOW X Y
+  point "$@"
+  xdotool click --repeat 2 --delay 10 1
 }
-
-# A shortcut: the modifier is let go after the key.
-shortcut() { xdotool keydown "$1" key "$2" keyup "$1"; }
-
-# Types into the dialog that has this title, and confirms.
-answer_dialog() { # TITLE TEXT
-  await active "$1"
-  xdotool key ctrl+a
-  xdotool type --delay 5 "$2"
+# `xdotool key` lets go of the modifier first, and shortcuts act when the key is released.
+shortcut() { # MODIFIER KEY
+  xdotool keydown "$1" key "$2" keyup "$1"
+}
+type_path() {
+  xdotool key ctrl+a type --delay 2 "$1"
   xdotool key Return
-  await gone "^$1\$"
 }
-
-save_as() { # PATH
-  activate "$main_title"
-  shortcut ctrl s
-  answer_dialog "Save LAN" "$1"
-  await test -s "$1"
+# Opens a file by its path. The dialog now and then drops what is typed while it reads a folder, and
+# then finds no such file: told so, the user types again.
+open_path() { # PATH
+  wait_for 'Open LAN'
+  local dialog
+  dialog=$(named 'Open LAN')
+  type_path "$1"
+  until_so left "$dialog"
+  while shows 'Open LAN'; do
+    until_so press_until "$dialog" Escape
+    type_path "$1"
+    until_so left "$dialog"
+  done
 }
+left() { hidden 'Open LAN' || active_is_not "$1"; } # WINDOW
+press_until() { active_is "$1" || { xdotool key "$2" && false; }; } # WINDOW KEY
 
-stop_program() {
-  kill -TERM "$program_pid"
-  wait "$program_pid"
-}
+# Files.
 
-start_display
+same() { cmp "$1" "$2"; } # FILE FILE
+has_line() { grep -qxF "$2" "$1"; }
+
+Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$session/display" 2>"$session/xvfb.log" &
+processes+=($!)
+until_so test -s "$session/display"
+DISPLAY=:$(cat "$session/display")
+export DISPLAY
+openbox --sm-disable >"$session/openbox.log" 2>&1 &
+processes+=($!)
+until_so xdotool get_num_desktops
