@@ -49,7 +49,7 @@ public:
   /// A file of such a LAN.
   QString file(std::int64_t devices) {
     make(devices, Shape::Normal);
-    const QString path = m_folder.filePath(QStringLiteral("lan.txt"));
+    QString path = m_folder.filePath(QStringLiteral("lan.txt"));
     SaveLAN(path);
     return path;
   }

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <utility>
+
 class QEventLoop;
 
 namespace vnb {
@@ -61,8 +63,7 @@ public:
 
   /// Closes the form. Does nothing if it isn't loaded.
   static void unload() {
-    if (isLoaded())
-      delete pointer();
+    delete std::exchange(pointer(), nullptr).data();
   }
 
 private:

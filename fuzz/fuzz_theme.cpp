@@ -67,7 +67,7 @@ public:
   }
 
   QString theme(const QByteArray &bytes) const {
-    const QString path = m_folder.filePath(QStringLiteral("theme.xml"));
+    QString path = m_folder.filePath(QStringLiteral("theme.xml"));
     fill(path, bytes);
     return path;
   }

@@ -12,7 +12,6 @@
 #include <random>
 #include <sstream>
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;

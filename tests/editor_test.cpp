@@ -9,7 +9,6 @@
 
 #include <QTest>
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace vnb::test {

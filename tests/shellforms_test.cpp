@@ -85,6 +85,7 @@ protected:
   }
   static std::vector<Colour> swatches() {
     std::vector<Colour> colours;
+    colours.reserve(7);
     for (int i = 0; i < 7; ++i)
       colours.push_back(swatch(i).BackColor());
     return colours;

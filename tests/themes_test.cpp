@@ -142,7 +142,7 @@ protected:
       const QString sharp = QStringLiteral("%1@%2x.png").arg(stem).arg(scale);
       EXPECT_EQ(QImage(theme.folder.filePath(sharp)).size(), size * scale) << sharp.toStdString();
     }
-    const QImage image(theme.folder.filePath(QString::fromStdString(file)));
+    QImage image(theme.folder.filePath(QString::fromStdString(file)));
     EXPECT_EQ(image.size(), size) << file;
     return image;
   }
