@@ -62,9 +62,7 @@ public:
   static bool isLoaded() { return pointer(); }
 
   /// Closes the form. Does nothing if it isn't loaded.
-  static void unload() {
-    delete std::exchange(pointer(), nullptr).data();
-  }
+  static void unload() { delete std::exchange(pointer(), nullptr).data(); }
 
 private:
   static QPointer<T> &pointer() {
