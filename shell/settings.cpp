@@ -5,10 +5,10 @@
 #include "runtime/numbers.h"
 #include "runtime/report.h"
 #include "shell/cdlgex.h"
+#include "shell/textini.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSettings>
 
 #include <array>
 
@@ -18,7 +18,7 @@ namespace {
 /// The store: sections of keys with text values, VNB.ini in the user's configuration folder.
 class Store {
 public:
-  Store() : m_settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("VNB")) {
+  Store() : m_settings(textIniFormat(), QSettings::UserScope, QStringLiteral("VNB")) {
     // What a crash may leave: it would hold up the next writer for half a minute.
     const QFileInfo lock(m_settings.fileName() + QStringLiteral(".lock"));
     if (lock.isFile() && lock.size() == 0)

@@ -135,7 +135,8 @@ TEST_F(Settings, AnyPathComesBack) {
   const Boxes boxes;
   for (const char16_t *path :
        {u"", u"C:\\new\\table", u"/a,b;c=d.txt", u" /blanks ", u"/\"quoted\" 'path'", u"@Variant(x",
-        u"@Invalid()", u"/%20%", u"/\u0416\u6F22\U0001F600.txt", u"/line\nbreak\t.txt", u"a, b"}) {
+        u"@Invalid()", u"/%20%", u"/\u0416\u6F22\U0001F600.txt", u"/line\nbreak\t.txt", u"a, b",
+        u"\\", u"\"", u"[a]", u"/a=b"}) {
     newStore();
     Cdlg.FileName = ThemeFile = QString::fromUtf16(path);
     SaveSettings(window);
@@ -145,6 +146,37 @@ TEST_F(Settings, AnyPathComesBack) {
     EXPECT_THAT(window.calls, testing::Contains("theme " + QString::fromUtf16(path).toStdString()));
   }
   EXPECT_THAT(boxes.texts, IsEmpty());
+}
+
+TEST_F(Settings, AHandWrittenPathIsTextAsItStands) {
+  const Boxes boxes;
+  for (const auto &[line, path] : std::vector<std::pair<QByteArray, std::string>>{
+           {"LastFile=/a,b;c.txt", "/a,b;c.txt"},
+           {"  LastFile =  /a b.txt \r", "/a b.txt"},
+           {"LastFile=\" /a \"", " /a "},
+           {"LastFile=\"/a\" \"b\"", "/a\" \"b"},
+           {"LastFile=C:\\temp\\new", "C:\\temp\new"},
+           {"LastFile=@Variant(\\0\\0\\0\\n\\0)", "@Variant(\\0\\0\\0\n\\0)"},
+           {"LastFile=@DateTime(\\0\\0\\0\\x10)", "@DateTime(\\0\\0\\0\\x10)"},
+           {"LastFile=/a\nLastFile=/b", "/b"},
+           {"; LastFile=/a\n#LastFile=/b", ""},
+       }) {
+    newStore("[Settings]\n" + line + "\n");
+    LoadSettings(window);
+    EXPECT_EQ(Cdlg.FileName.toStdString(), path) << line.toStdString();
+  }
+  EXPECT_THAT(boxes.texts, IsEmpty());
+}
+
+TEST_F(Settings, KeysOfOthersStay) {
+  const Boxes boxes;
+  newStore("[Zoo]\na=1\n[Other/deep]\nkey/b = \" x\"\n[]\nnone=0\n");
+  newStore("alone=2\n" + stored());
+  SaveSettings(window);
+  const std::string text = stored().toStdString();
+  EXPECT_TRUE(text.starts_with("alone=2\n\n[]\nnone=0\n\n[Colors]\n")) << text;
+  EXPECT_THAT(text, HasSubstr("\n\n[Other]\ndeep/key/b=\" x\"\n\n[Settings]\n"));
+  EXPECT_TRUE(text.ends_with("\n\n[Zoo]\na=1\n")) << text;
 }
 
 TEST_F(Settings, NumbersOfAnyText) {
