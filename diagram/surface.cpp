@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "diagram/surface.h"
 
+#include "diagram/accessible.h"
 #include "forms/form.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <vector>
 
@@ -25,10 +28,8 @@ struct ColouredLine {
 };
 
 /// Paints lines in their order, those of one colour in one go.
-void paintAll(QPainter &painter, const std::vector<ColouredLine> &lines) {
-  // Smooth edges cost three times as much, and nobody sees them among thousands of lines.
-  constexpr std::size_t few = 1500;
-  painter.setRenderHint(QPainter::Antialiasing, lines.size() <= few);
+void paintAll(QPainter &painter, const std::vector<ColouredLine> &lines, bool smooth) {
+  painter.setRenderHint(QPainter::Antialiasing, smooth);
   std::vector<QLineF> run;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     run.push_back(lines[i].line);
@@ -52,15 +53,19 @@ void paintNumber(QPainter &painter, const QRect &area, const QString &text, cons
   painter.drawText(area, Qt::AlignCenter | Qt::TextDontClip, text);
 }
 
-void paintLayer(QPainter &painter, const QRect &area, const SpriteLayer &layer) {
+/// Nothing of the layer lies outside `sprite`, also where it was drawn on a larger picture.
+void paintLayer(QPainter &painter, const QRect &sprite, const SpriteLayer &layer) {
   if (layer.frameWidth == 0)
     return;
+  const QRect area(sprite.topLeft(), QSize(layer.width, layer.height));
+  painter.setClipRect(sprite);
   QPen pen(toQColor(layer.colour), layer.frameWidth, layer.dotted ? Qt::DotLine : Qt::SolidLine);
   pen.setJoinStyle(Qt::MiterJoin);
   painter.setPen(pen);
   painter.drawRect(QRect(area.left() + 1, area.top() + 1, area.width() - 2, area.height() - 2));
   if (layer.number >= 0)
     paintNumber(painter, area, QString::number(layer.number), toQColor(layer.colour));
+  painter.setClipping(false);
 }
 
 void paintSprite(QPainter &painter, const Sprite &sprite) {
@@ -78,7 +83,9 @@ Surface::Surface(QWidget *parent) : QWidget(parent) {
   QFont numberFont = formFont(9.75);
   numberFont.setBold(true);
   setFont(numberFont);
+  describeSurfaces();
   setObjectName(QStringLiteral("picLayout"));
+  setAccessibleName(QStringLiteral("Layout"));
   lneXOR.BorderColor = designBandColour;
   resize(size, size);
   // Opaque, so that scrolling moves pixels instead of painting them anew.
@@ -99,10 +106,11 @@ void Surface::Cls() {
 void Surface::DrawGrid(const std::function<void()> &yield) {
   if (GridRes <= 0)
     return;
-  m_grid = {.distance = GridRes, .colour = GridColor};
+  // At any larger distance there are the same two lines.
+  m_grid = {.distance = std::min<std::int32_t>(GridRes, size + 1), .colour = GridColor};
   update();
   if (yield)
-    for (int i = 0; i <= size; i += GridRes)
+    for (int i = 0; i <= size; i += m_grid.distance)
       yield();
 }
 
@@ -122,6 +130,19 @@ void Surface::touch(const QRect &area) {
     update();
   else
     update(area);
+}
+
+bool Surface::event(QEvent *event) {
+  if (event->type() != QEvent::ToolTip)
+    return QWidget::event(event);
+  const auto *help = static_cast<QHelpEvent *>(event);
+  const std::int32_t sprite = spriteAt(help->pos());
+  if (sprite == bareSurface)
+    QToolTip::hideText();
+  else
+    QToolTip::showText(help->globalPos(), picSystem(sprite).ToolTipText(), this,
+                       picSystem(sprite).within(rect()));
+  return true;
 }
 
 void Surface::paintEvent(QPaintEvent *event) {
@@ -156,12 +177,15 @@ void Surface::paintLines(QPainter &painter, const QRect &area) const {
     if (line.Visible)
       if (const auto part = line.clipped(area))
         lines.push_back({*part, line.BorderColor});
-  paintAll(painter, lines);
+  // Smooth edges cost three times as much, and nobody sees them among thousands of lines. All lines
+  // count, not those in `area`: parts of a picture must look like the whole.
+  constexpr std::int32_t few = 1500;
+  paintAll(painter, lines, lneLink.UBound() <= few);
   if (!lneXOR.Visible)
     return;
   if (const auto part = lneXOR.clipped(area)) {
     painter.setCompositionMode(QPainter::RasterOp_NotSourceXorDestination);
-    paintAll(painter, {{*part, lneXOR.BorderColor}});
+    paintAll(painter, {{*part, lneXOR.BorderColor}}, false);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
   }
 }
@@ -208,6 +232,8 @@ void Surface::mouseDoubleClickEvent(QMouseEvent *event) {
 void Surface::mouseMoveEvent(QMouseEvent *event) {
   if (events == nullptr)
     return;
+  if (event->buttons() == Qt::NoButton)
+    m_pressed.reset(); // a box that came up while it was held has got its release
   const QPoint at = event->position().toPoint();
   const std::int32_t sprite = m_pressed.value_or(spriteAt(at));
   if (sprite == bareSurface)

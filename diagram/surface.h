@@ -55,6 +55,8 @@ public:
   void releasePointer() { m_pressed.reset(); }
 
 protected:
+  /// Shows a sprite's tool tip.
+  bool event(QEvent *event) override;
   void paintEvent(QPaintEvent *event) override;
   void mousePressEvent(QMouseEvent *event) override;
   void mouseDoubleClickEvent(QMouseEvent *event) override;

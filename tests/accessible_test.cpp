@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+/// What assistive technology reads: the surface's devices and links, and a name for every control.
+#include "appearance/frmThemes.h"
+#include "editor/frmMain.h"
+#include "editor/frmToolbox.h"
+#include "panels/frmDevice.h"
+#include "panels/frmLanInfo.h"
+#include "panels/frmLinks.h"
+#include "panels/frmSubnet.h"
+#include "shell/frmAbout.h"
+#include "shell/frmSettings.h"
+#include "support.h"
+
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QTest>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace vnb::test {
+namespace {
+
+using Words = std::vector<std::string>;
+
+std::string name(QAccessibleInterface *interface) {
+  return interface == nullptr ? "none" : interface->text(QAccessible::Name).toStdString();
+}
+
+class AccessibleSurface : public testing::Test {
+protected:
+  AccessibleSurface() {
+    main.operations().ClearLAN();
+    main.operations().AddSystem(11, 100, 50, 1, -1, -1, -1, {});
+    main.operations().AddSystem(4, 2000, 2000, 1, -1, -1, -1, {});
+    main.operations().AddLink(0, 0.5, 0.5, 1, 0.5, 0.5, 1);
+    main.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&main));
+  }
+
+  QAccessibleInterface &list() { return *QAccessible::queryAccessibleInterface(&main.picLayout()); }
+  Words names() {
+    Words names;
+    for (int i = 0; i < list().childCount(); ++i) {
+      EXPECT_EQ(list().indexOfChild(list().child(i)), i);
+      EXPECT_EQ(list().child(i)->parent(), &list());
+      names.push_back(name(list().child(i)));
+    }
+    return names;
+  }
+  void act(int child, const QString &action) {
+    list().child(child)->actionInterface()->doAction(action);
+    QCoreApplication::processEvents();
+  }
+
+  Boxes boxes;
+  frmMain main;
+};
+
+TEST_F(AccessibleSurface, ListsDevicesAndLinksAsTheyAreNow) {
+  EXPECT_EQ(name(&list()), "Layout");
+  EXPECT_THAT(names(),
+              ElementsAre("Router 0", "Modem 1", "Terminal 2", "Link 1: Router 0 to Modem 1"));
+  QAccessibleInterface *terminal = list().child(2);
+  main.operations().RemoveSystem(1);
+  EXPECT_THAT(names(), ElementsAre("Router 0", "Terminal 1"));
+  EXPECT_FALSE(terminal->isValid()) << "nothing has number 2 any more";
+  EXPECT_EQ(name(terminal), "");
+  EXPECT_TRUE(terminal->state().invalid);
+  EXPECT_EQ(list().child(2), nullptr);
+}
+
+TEST_F(AccessibleSurface, TellsPlacesAndSelection) {
+  QAccessibleInterface *modem = list().child(1);
+  const Sprite &sprite = main.picLayout().picSystem(1);
+  const QPoint corner = main.picLayout().mapToGlobal(QPoint(100, 50));
+  EXPECT_EQ(modem->rect(), QRect(corner, QSize(sprite.Width, sprite.Height)));
+  EXPECT_EQ(list().childAt(corner.x() + 5, corner.y() + 5), modem);
+  EXPECT_EQ(list().childAt(corner.x() - 5, corner.y() - 5), nullptr);
+  EXPECT_FALSE(modem->state().offscreen);
+  EXPECT_TRUE(list().child(2)->state().offscreen) << "far out";
+  EXPECT_FALSE(modem->state().selected);
+  main.selection().SelectItem(1, SelectedColor, false);
+  EXPECT_TRUE(modem->state().selected);
+  EXPECT_FALSE(list().child(0)->state().selected);
+}
+
+TEST_F(AccessibleSurface, ActionsDoWhatThePointerDoes) {
+  const QStringList actions = list().child(1)->actionInterface()->actionNames();
+  act(1, QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(lSelectedItem, 1);
+  act(1, QStringLiteral("link"));
+  act(2, QStringLiteral("link"));
+  EXPECT_EQ(names().back(), "Link 2: Modem 1 to Terminal 2");
+  EXPECT_THAT(actions, ElementsAre(u"Press", u"ShowMenu", u"link"));
+}
+
+/// The controls of `window` that the keyboard or pointer can reach but no name tells.
+Words nameless(QWidget &window) {
+  Words found;
+  for (QWidget *control : window.findChildren<QWidget *>()) {
+    if (control->focusPolicy() == Qt::NoFocus || control->window() != &window ||
+        control->objectName().startsWith(QStringLiteral("qt_")))
+      continue;
+    if (name(QAccessible::queryAccessibleInterface(control)).empty())
+      found.push_back(window.objectName().toStdString() + "." +
+                      control->objectName().toStdString());
+  }
+  return found;
+}
+
+TEST(AccessibleControls, EachHasAName) {
+  frmMain main;
+  const std::vector<QWidget *> windows{&main,
+                                       &Form<frmToolbox>::instance(),
+                                       &Form<frmDevice>::instance(),
+                                       &Form<frmLinks>::instance(),
+                                       &Form<frmSubnet>::instance(),
+                                       &Form<frmLanInfo>::instance(),
+                                       &Form<frmThemes>::instance(),
+                                       &Form<frmSettings>::instance(),
+                                       &Form<frmAbout>::instance()};
+  for (QWidget *window : windows)
+    EXPECT_THAT(nameless(*window), IsEmpty());
+  Form<frmThemes>::unload();
+  Form<frmSettings>::unload();
+}
+
+} // namespace
+} // namespace vnb::test
