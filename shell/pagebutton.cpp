@@ -15,6 +15,8 @@ void PageButton::setSelected(bool selected) {
   update();
 }
 
+void PageButton::mouseDoubleClickEvent(QMouseEvent * /*event*/) {}
+
 void PageButton::paintEvent(QPaintEvent * /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::black);

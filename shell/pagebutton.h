@@ -20,6 +20,8 @@ public:
 
 protected:
   void paintEvent(QPaintEvent *event) override;
+  /// The second press of a double click is no click.
+  void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
   Colours m_colours;
