@@ -3,6 +3,8 @@
 
 #include "runtime/codepagetables.h"
 
+#include <QLocale>
+
 #include <algorithm>
 
 namespace vnb {
@@ -15,8 +17,15 @@ const CodePageTable &table(int number) {
              : *std::ranges::find(codePageTables, 1252, &CodePageTable::number);
 }
 
+QString characterLocale() {
+  for (const char *variable : {"LC_ALL", "LC_CTYPE", "LANG"})
+    if (!qEnvironmentVariableIsEmpty(variable))
+      return qEnvironmentVariable(variable);
+  return {};
+}
+
 CodePage &current() {
-  static CodePage page(codePageNumber(QLocale::system().language()));
+  static CodePage page(codePageNumber(characterLocale()));
   return page;
 }
 
@@ -67,8 +76,8 @@ QString CodePage::holdable(const QString &text) const {
   return decode({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
-int codePageNumber(QLocale::Language language) {
-  switch (language) {
+int codePageNumber(const QString &locale) {
+  switch (QLocale(locale).language()) {
   case QLocale::Thai:
     return 874;
   case QLocale::Albanian:
@@ -88,10 +97,11 @@ int codePageNumber(QLocale::Language language) {
   case QLocale::Macedonian:
   case QLocale::Mongolian:
   case QLocale::Russian:
-  case QLocale::Serbian:
   case QLocale::Tatar:
   case QLocale::Ukrainian:
     return 1251;
+  case QLocale::Serbian:
+    return locale.contains(QStringLiteral("@latin")) ? 1250 : 1251;
   case QLocale::Greek:
     return 1253;
   case QLocale::Azerbaijani:

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QLocale>
 #include <QString>
 
 #include <array>
@@ -45,10 +44,11 @@ private:
   std::array<Pair, 128> m_byCharacter; // the same, sorted by character
 };
 
-/// Number of the code page that users of this language have.
-int codePageNumber(QLocale::Language language);
+/// Number of the code page that users of this locale have ("ru_RU.UTF-8").
+int codePageNumber(const QString &locale);
 
-/// The user's code page, by the language of the system's locale, until useCodePage sets another.
+/// The user's code page, by the locale of characters (LC_ALL, LC_CTYPE, LANG), until useCodePage
+/// sets another. The language of the desktop says nothing: many Russians have an English one.
 const CodePage &codePage();
 void useCodePage(int number);
 

@@ -140,9 +140,22 @@ TEST(CodePage, MapsAllBytesOneToOneAndMarksTheRest) {
   EXPECT_EQ(CodePage(1252).holdable(QStringLiteral("a€b→c\U0001F600d")), QStringLiteral("a€b?c?d"));
   EXPECT_EQ(CodePage(1251).encode(QStringLiteral("Жé")), QByteArray("\xC6?"));
   EXPECT_EQ(CodePage(1252).encode(QString(QChar(0xD83D))), QByteArray("?"));
-  EXPECT_EQ(codePageNumber(QLocale::Polish), 1250);
-  EXPECT_EQ(codePageNumber(QLocale::Russian), 1251);
-  EXPECT_EQ(codePageNumber(QLocale::German), 1252);
+}
+
+TEST(CodePage, FollowsTheLocaleOfCharacters) {
+  for (const auto &[locale, number] : std::vector<std::pair<const char *, int>>{
+           {"pl_PL.UTF-8", 1250},
+           {"ru_RU.UTF-8", 1251},
+           {"ru", 1251},
+           {"sr_RS", 1251},
+           {"sr_RS@latin", 1250},
+           {"de_DE@euro", 1252},
+           {"el_GR.ISO-8859-7", 1253},
+           {"C.UTF-8", 1252},
+           {"POSIX", 1252},
+           {"", 1252},
+       })
+    EXPECT_EQ(codePageNumber(QString::fromLatin1(locale)), number) << locale;
 }
 
 struct Element {
