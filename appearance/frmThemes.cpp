@@ -92,6 +92,8 @@ frmThemes::frmThemes() : FormWindow("frmThemes", "Themes", {7125, 3195}) {
   setTabOrder(m_lstThemes, cmdSwitch);
   setTabOrder(cmdSwitch, m_txtDescription);
   connect(m_lstThemes, &QListWidget::itemSelectionChanged, this, &frmThemes::lstThemes_Click);
+  // A click on the line that is picked already reads its file anew.
+  connect(m_lstThemes, &QListWidget::itemClicked, this, &frmThemes::lstThemes_Click);
   connect(cmdSwitch, &QPushButton::clicked, this, &frmThemes::cmdSwitch_Click);
 }
 

@@ -6,6 +6,7 @@
 #include "runtime/xml.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 #include <array>
 
@@ -186,7 +187,7 @@ Colour ParseColor(QStringView text) {
 }
 
 QString themesFolder() {
-  return QCoreApplication::applicationDirPath() + QStringLiteral("/themes");
+  return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("themes"));
 }
 
 QString themePath(const QString &name) {

@@ -72,13 +72,20 @@ void DiagramOperations::AddSystem(std::int32_t lType, std::int32_t lX, std::int3
                                   std::int32_t lData3, const QString &sDataX) {
   DocumentOperations::AddSystem(lType, lX, lY, lSecur, lData1, lData2, lData3, sDataX);
   const std::int32_t lIndex = UBound(Systems);
-  if (!reported("frmMain", "AddSystem", [this] { loadSprite(); }))
+  if (m_surface.picSystem.UBound() >= lIndex)
+    return; // there was no memory for the record
+  if (!reported("frmMain", "AddSystem", [this] { loadSprite(); })) {
     m_gaveUp = true;
-  if (m_surface.picSystem.UBound() != lIndex)
     return;
+  }
+  // Without a sprite there is one report, not one for each of its properties.
+  const bool loaded = m_surface.picSystem.UBound() == lIndex;
   reported(
-      "frmMain", "AddSystem", [&] { place(lIndex); },
-      [&] { m_surface.picSystem(lIndex).Visible = true; },
+      "frmMain", "AddSystem", [&] { loaded ? place(lIndex) : void(); },
+      [&] {
+        if (loaded)
+          m_surface.picSystem(lIndex).Visible = true;
+      },
       [&] {
         // While a file is read, the reader refills them once, behind its last system.
         if (lType == SystemType::Lock && !LoadingFile)
@@ -90,6 +97,8 @@ void DiagramOperations::AddLink(std::int32_t lFrom, double lFromX, double lFromY
                                 double lToX, double lToY, std::int32_t lSecur) {
   DocumentOperations::AddLink(lFrom, lFromX, lFromY, lTo, lToX, lToY, lSecur);
   const std::int32_t lIndex = UBound(Links);
+  if (m_surface.lneLink.UBound() >= lIndex)
+    return; // there was no memory for the record
   if (!reported("frmMain", "AddLink", [&] { m_surface.lneLink.Load(lIndex); }))
     m_gaveUp = true;
   if (m_surface.lneLink.UBound() != lIndex)
@@ -107,19 +116,15 @@ void DiagramOperations::AddLink(std::int32_t lFrom, double lFromX, double lFromY
       });
 }
 
-/// One statement a coordinate, so that the other one is still set after a fault. False when the
-/// user leaves.
-bool DiagramOperations::layFirstEnd(const Report &report, Line &line, const LinkRec &record) const {
+/// One statement a coordinate, so that the others are still set after a fault. False when the user
+/// leaves.
+bool DiagramOperations::layEnds(const Report &report, Line &line, const LinkRec &record, bool first,
+                                bool second) const {
   const ControlArray<Sprite> &picSystem = m_surface.picSystem;
-  return report([&] { line.X1 = endX(picSystem(record.lFrom), record.dFromX); }) &&
-         report([&] { line.Y1 = endY(picSystem(record.lFrom), record.dFromY); });
-}
-
-bool DiagramOperations::laySecondEnd(const Report &report, Line &line,
-                                     const LinkRec &record) const {
-  const ControlArray<Sprite> &picSystem = m_surface.picSystem;
-  return report([&] { line.X2 = endX(picSystem(record.lTo), record.dToX); }) &&
-         report([&] { line.Y2 = endY(picSystem(record.lTo), record.dToY); });
+  return (!first || report([&] { line.X1 = endX(picSystem(record.lFrom), record.dFromX); })) &&
+         (!second || report([&] { line.X2 = endX(picSystem(record.lTo), record.dToX); })) &&
+         (!first || report([&] { line.Y1 = endY(picSystem(record.lFrom), record.dFromY); })) &&
+         (!second || report([&] { line.Y2 = endY(picSystem(record.lTo), record.dToY); }));
 }
 
 void DiagramOperations::RefreshLinks(std::int32_t lIndex) {
@@ -131,9 +136,8 @@ void DiagramOperations::RefreshLinks(std::int32_t lIndex) {
     Line &line = m_surface.lneLink(links[i]);
     const LinkRec &record = link(links[i]);
     m_surface.touch(line);
-    const bool goOn = record.lFrom == lIndex ? layFirstEnd(report, line, record)
-                                             : laySecondEnd(report, line, record);
-    if (!goOn)
+    const bool first = record.lFrom == lIndex;
+    if (!layEnds(report, line, record, first, !first))
       return;
     line.Visible = true;
     m_surface.touch(line);
@@ -144,7 +148,7 @@ void DiagramOperations::RefreshLine(std::int32_t lIndex) {
   const Report report("frmMain", "RefreshLinks");
   Line &line = m_surface.lneLink(lIndex);
   m_surface.touch(line);
-  if (layFirstEnd(report, line, link(lIndex)) && laySecondEnd(report, line, link(lIndex)))
+  if (layEnds(report, line, link(lIndex), true, true))
     line.Visible = true;
   m_surface.touch(line);
 }
@@ -156,7 +160,7 @@ void DiagramOperations::layAllLines(const Report &report) {
     lneLink.Unload(lneLink.UBound());
   m_surface.update();
   for (std::int32_t i = 0; i <= lneLink.UBound(); ++i) {
-    if (!layFirstEnd(report, lneLink(i), link(i)) || !laySecondEnd(report, lneLink(i), link(i)))
+    if (!layEnds(report, lneLink(i), link(i), true, true))
       return;
     lneLink(i).Visible = i > 0;
   }

@@ -49,8 +49,8 @@ public:
 private:
   void loadSprite();
   void place(std::int32_t lIndex);
-  bool layFirstEnd(const Report &report, Line &line, const LinkRec &record) const;
-  bool laySecondEnd(const Report &report, Line &line, const LinkRec &record) const;
+  bool layEnds(const Report &report, Line &line, const LinkRec &record, bool first,
+               bool second) const;
   void layAllLines(const Report &report);
 
   Surface &m_surface;

@@ -27,6 +27,8 @@ void Selection::frame(std::int32_t lIndex, Colour lColour, bool withNumber) {
   Sprite &sprite = m_surface.picSystem(lIndex);
   const bool thin = sprite.lType == SystemType::Lock && lColour != SelectedColor;
   sprite.layer = {.colour = lColour,
+                  .width = sprite.Width,
+                  .height = sprite.Height,
                   .frameWidth = static_cast<std::uint8_t>(thin ? 1 : 2),
                   .dotted = thin,
                   .number = withNumber ? lIndex : -1};

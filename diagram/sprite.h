@@ -13,9 +13,11 @@
 namespace vnb {
 
 /// What is drawn over a sprite's picture: a frame, and a number at its centre. Wiped by assigning
-/// an empty one.
+/// an empty one. Keeps the size of the picture that it was drawn on, whatever replaces that.
 struct SpriteLayer {
   Colour colour = 0;
+  std::int16_t width = 0; // pixels
+  std::int16_t height = 0;
   std::uint8_t frameWidth = 0; // pixels, 0 for no frame
   bool dotted = false;
   std::int32_t number = -1; // -1 for none

@@ -16,12 +16,15 @@
 #include "shell/frmAbout.h"
 #include "shell/frmSettings.h"
 #include "shell/frmSplash.h"
+#include "shell/versionlist.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QScreen>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include <array>
 
@@ -82,7 +85,14 @@ frmMain::frmMain()
   resize(designSize);
   picLayout().picSystem(0).setPicture(LoadResPicture(ResIDFromType(SystemType::Router)));
   m_gestures.openMenu = [this](std::int32_t Index, QPoint global) { openMenu(Index, global); };
-  m_operations.Cleared = [this] { showNoDevice(); };
+  m_operations.Cleared = [] {
+    if (Form<frmDevice>::isLoaded())
+      Form<frmDevice>::instance().showNoDevice();
+    if (Form<frmLinks>::isLoaded())
+      Form<frmLinks>::instance().showNoDevice();
+    if (Form<frmSubnet>::isLoaded())
+      Form<frmSubnet>::instance().showNoDevice();
+  };
   m_operations.PopulateLockBoxes = [] { Form<frmDevice>::instance().PopulateLockBoxes(); };
   panelContext = {.selection = &m_selection, .operations = &m_operations};
   frmToolbox::Operations = &m_operations;
@@ -104,10 +114,7 @@ void frmMain::Form_Load() {
         DoEvents();
       },
       [this] {
-        setWindowTitle(QStringLiteral("Vantry Network Builder v%1.%2.%3")
-                           .arg(VNB_MAJOR)
-                           .arg(VNB_MINOR)
-                           .arg(VNB_REVISION));
+        setWindowTitle(QStringLiteral("Vantry Network Builder v") + ownVersion());
         DoEvents();
       },
       [this] {
@@ -132,9 +139,19 @@ void frmMain::Form_Load() {
       [] { Form<frmDevice>::instance().PopulateLockBoxes(); });
 }
 
-/// Shows the window, and brings it back if its stored place lies on no screen.
+/// Shows the window at its stored place, and brings it back if that lies on no screen.
 void frmMain::showOnScreen() {
+  const bool one = m_storedLeft.has_value() != m_storedTop.has_value();
+  if (m_storedLeft && m_storedTop)
+    move(*m_storedLeft, *m_storedTop);
   show();
+  if (one) {
+    // The other edge is where the window system puts it.
+    const QDeadlineTimer patience(500);
+    while (!windowHandle()->isExposed() && !patience.hasExpired())
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    move(m_storedLeft.value_or(x()), m_storedTop.value_or(y()));
+  }
   for (const QScreen *screen : QGuiApplication::screens())
     if (screen->availableGeometry().intersects(frameGeometry()))
       return;
@@ -155,6 +172,11 @@ void frmMain::Form_Unload() {
   Form<frmSubnet>::unload();
   Form<frmToolbox>::unload();
   QCoreApplication::quit();
+}
+
+bool frmMain::CheckForUpdate(bool /*bUnused*/) {
+  readVersionList();
+  return false;
 }
 
 void frmMain::resizeEvent(QResizeEvent * /*event*/) {
@@ -179,8 +201,12 @@ void frmMain::mouseMoveEvent(QMouseEvent *event) {
     m_gestures.Form_MouseMove(at);
 }
 
+void frmMain::mousePressEvent(QMouseEvent *event) {
+  m_pressedBare = isBare(event->position().toPoint());
+}
+
 void frmMain::mouseReleaseEvent(QMouseEvent *event) {
-  if (isBare(event->position().toPoint()))
+  if (m_pressedBare && isBare(event->position().toPoint()))
     m_gestures.Form_Click();
 }
 
@@ -326,14 +352,10 @@ void frmMain::fillSubnets() {
   Form<frmSubnet>::instance().selectionFill(lSelectedItem);
 }
 
-/// A panel that isn't there would be made in this state anyway.
 void frmMain::showNoDevice() {
-  if (Form<frmDevice>::isLoaded())
-    Form<frmDevice>::instance().showNoDevice();
-  if (Form<frmLinks>::isLoaded())
-    Form<frmLinks>::instance().showNoDevice();
-  if (Form<frmSubnet>::isLoaded())
-    Form<frmSubnet>::instance().showNoDevice();
+  Form<frmDevice>::instance().showNoDevice();
+  Form<frmLinks>::instance().showNoDevice();
+  Form<frmSubnet>::instance().showNoDevice();
 }
 
 void frmMain::loadButtonImages(const QString &tag, const QString &files) {
@@ -348,10 +370,10 @@ void frmMain::deviceImagesChanged() {
 }
 
 void frmMain::setLeft(std::int32_t lLeft) {
-  move(pixels(lLeft), y());
+  m_storedLeft = pixels(lLeft);
 }
 void frmMain::setTop(std::int32_t lTop) {
-  move(x(), pixels(lTop));
+  m_storedTop = pixels(lTop);
 }
 double frmMain::Left() const {
   return twips(x());

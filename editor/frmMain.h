@@ -13,6 +13,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 namespace vnb {
 
 class frmMain : public QWidget, private ThemeView, private SettingsView, private SelectionPanels {
@@ -41,8 +43,13 @@ public:
   void picSettings_Click();
   void picAbout_Click();
 
+  /// Reads the list of versions beside the program. Always false: what a newer version would mean
+  /// is open. Raises what is wrong with the list.
+  static bool CheckForUpdate(bool bUnused);
+
 protected:
   void resizeEvent(QResizeEvent *event) override;
+  void mousePressEvent(QMouseEvent *event) override;
   void mouseMoveEvent(QMouseEvent *event) override;
   void mouseReleaseEvent(QMouseEvent *event) override;
   void wheelEvent(QWheelEvent *event) override;
@@ -79,6 +86,9 @@ private:
   void LoadTheme(const QString &sFileName) override;
   void templateColorChanged() override;
 
+  std::optional<int> m_storedLeft; // pixels, until the window shows
+  std::optional<int> m_storedTop;
+  bool m_pressedBare = false;
   Toolbar m_toolbar;
   Viewport m_viewport;
   DiagramOperations m_operations;

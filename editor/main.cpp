@@ -24,7 +24,8 @@ int main(int argc, char *argv[]) {
   // The splash stays hidden to the end: the main window alone ends the program.
   QApplication::setQuitOnLastWindowClosed(false);
   frmMain form;
-  const Termination termination([&] { form.close(); }, [&] { form.saveSettings(); });
   form.Form_Load();
+  // Not before: what has not been read yet must not be written.
+  const Termination termination([&] { form.close(); }, [&] { form.saveSettings(); });
   return QApplication::exec();
 }

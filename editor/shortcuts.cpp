@@ -4,7 +4,29 @@
 #include <QApplication>
 #include <QWidget>
 
+#include <array>
+#include <string_view>
+
 namespace vnb {
+namespace {
+
+/// The key, whatever letters its layout has: where it isn't a Latin one, the letter that the key
+/// has in the Latin layout. Key codes are those of X and Wayland.
+int keyCode(const QKeyEvent &event) {
+  constexpr int lastLatin = 0xFF;
+  constexpr int firstOwn = Qt::Key_Escape; // keys without a letter
+  const int key = event.key();
+  if (key <= lastLatin || key >= firstOwn)
+    return key;
+  static constexpr std::array<std::pair<quint32, std::string_view>, 3> rows{
+      {{24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}}};
+  for (const auto &[first, letters] : rows)
+    if (event.nativeScanCode() >= first && event.nativeScanCode() < first + letters.size())
+      return letters[event.nativeScanCode() - first];
+  return key;
+}
+
+} // namespace
 
 Shortcuts::Shortcuts(QWidget &form, std::function<void(int, Qt::KeyboardModifiers)> KeyUp)
     : QObject(&form), m_form(form), m_KeyUp(std::move(KeyUp)) {
@@ -15,7 +37,7 @@ bool Shortcuts::eventFilter(QObject *object, QEvent *event) {
   switch (event->type()) {
   case QEvent::KeyPress:
     if (isForForm(object))
-      m_pressed.insert(static_cast<QKeyEvent *>(event)->key());
+      m_pressed.insert(keyCode(*static_cast<QKeyEvent *>(event)));
     break;
   case QEvent::KeyRelease:
     if (isForForm(object))
@@ -39,10 +61,10 @@ bool Shortcuts::isForForm(QObject *object) const {
 }
 
 void Shortcuts::keyReleased(const QKeyEvent &event) {
-  if (event.isAutoRepeat() || !m_pressed.remove(event.key()))
+  const int KeyCode = keyCode(event);
+  if (event.isAutoRepeat() || !m_pressed.remove(KeyCode))
     return;
-  m_KeyUp(event.key(),
-          event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier));
+  m_KeyUp(KeyCode, event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier));
 }
 
 } // namespace vnb

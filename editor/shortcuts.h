@@ -10,7 +10,8 @@
 
 namespace vnb {
 
-/// Watches the keys of `form`. A release counts only if its press was seen while the form was
+/// Watches the keys of `form`. Letters count by their key, so that they work in layouts without
+/// Latin letters, too. A release counts only if its press was seen while the form was
 /// active: otherwise the Alt+S that closes a dialog would open a panel. Auto-repeat is ignored.
 class Shortcuts : public QObject {
 public:

@@ -20,6 +20,14 @@ extern "C" void wake(int /*signal*/) {
   [[maybe_unused]] const ssize_t done = ::write(ends[0], &byte, 1);
 }
 
+void handleSignals(void (*handler)(int)) {
+  struct sigaction action {};
+  action.sa_handler = handler;
+  action.sa_flags = SA_RESTART;
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+    ::sigaction(signal, &action, nullptr);
+}
+
 } // namespace
 
 Termination::Termination(std::function<void()> end, const std::function<void()> &save) {
@@ -29,13 +37,10 @@ Termination::Termination(std::function<void()> end, const std::function<void()> 
   auto *notifier = new QSocketNotifier(ends[1], QSocketNotifier::Read, this);
   connect(notifier, &QSocketNotifier::activated, this, [notifier, end = std::move(end)] {
     notifier->setEnabled(false);
+    handleSignals(SIG_DFL); // whoever sends another one won't wait
     end();
   });
-  struct sigaction action {};
-  action.sa_handler = wake;
-  action.sa_flags = SA_RESTART;
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-    ::sigaction(signal, &action, nullptr);
+  handleSignals(wake);
 }
 
 } // namespace vnb

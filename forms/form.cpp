@@ -39,6 +39,8 @@ void FormWindow::showOwned(QWidget *owner) {
 void FormWindow::showModal(QWidget *owner) {
   setParent(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
   setWindowModality(Qt::ApplicationModal);
+  if (owner != nullptr)
+    move(owner->frameGeometry().center() - rect().center());
   QEventLoop loop;
   m_modalLoop = &loop;
   show();

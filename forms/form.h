@@ -61,8 +61,14 @@ public:
 
   static bool isLoaded() { return pointer(); }
 
-  /// Closes the form. Does nothing if it isn't loaded.
-  static void unload() { delete std::exchange(pointer(), nullptr).data(); }
+  /// Closes the form. Does nothing if it isn't loaded. The object goes with the next turn of the
+  /// event loop: one of its handlers may be waiting for an answer.
+  static void unload() {
+    if (T *form = std::exchange(pointer(), nullptr)) {
+      form->hide();
+      form->deleteLater();
+    }
+  }
 
 private:
   static QPointer<T> &pointer() {

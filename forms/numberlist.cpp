@@ -60,9 +60,10 @@ void NumberList::addRow(NumberRow row) {
 }
 
 void NumberList::removeRow(int row) {
-  clearSelection(); // a neighbour would otherwise be selected, which is a click
+  // Not the selection alone: where a current row goes, the view selects its neighbour, which would
+  // be a click.
+  selectionModel()->clear();
   m_model->remove(row);
-  clearSelection();
 }
 
 const std::vector<NumberRow> &NumberList::rows() const {

@@ -24,6 +24,8 @@ public:
 protected:
   void paintEvent(QPaintEvent *event) override;
   void mousePressEvent(QMouseEvent *event) override;
+  /// The second press of a double click is no press.
+  void mouseDoubleClickEvent(QMouseEvent * /*event*/) override {}
 
 private:
   QPixmap m_picture;

@@ -12,7 +12,8 @@ namespace vnb {
 class PushOption : public QAbstractButton {
 public:
   explicit PushOption(QWidget *parent);
-  QSize sizeHint() const override { return {20, 18}; }
+  /// Without a caption it fits any place.
+  QSize sizeHint() const override { return text().isEmpty() ? QSize() : QSize(20, 18); }
 
 protected:
   void paintEvent(QPaintEvent *event) override;

@@ -74,16 +74,15 @@ private:
            });
   }
 
-  /// A header line: `take` gets the text behind a key of `keyLength` letters and one blank. The
-  /// view follows the header also after a fault, so that it never shows what won't be saved.
+  /// A header line: `take` gets the text behind a key of `keyLength` letters and one blank.
   template <class Take>
   bool headerLine(HeaderField field, std::size_t keyLength, Take take) {
     return m_report([&] {
              nextLine();
              const std::string line = normalised(m_lines.current());
              take(std::string_view(line).substr(std::min(keyLength + 1, line.size())));
-           }) &&
-           m_report([&] { m_view.headerRead(field); });
+             m_view.headerRead(field);
+           });
   }
 
   bool readHeader() {

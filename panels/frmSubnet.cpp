@@ -58,8 +58,8 @@ frmSubnet::frmSubnet() : FormWindow("frmSubnet", "Valid Subnets", {7485, 1845}) 
                           &frmSubnet::picRemove_Click);
   m_lstSystems = add<NumberList>(*m_picSubnets, QStringLiteral("lstSystems"));
   m_lstSystems->setAccessibleName(QStringLiteral("Other systems"));
-  place(*m_lstSubnets, 60, 270, 3510, 1500);
-  place(*m_lstSystems, 3885, 270, 3510, 1500);
+  place(*m_lstSubnets, 60, 270, 3510, 1320);
+  place(*m_lstSystems, 3885, 270, 3510, 1320);
   m_lblNoDevice =
       addLabel(*this, QStringLiteral("lblNoDevice"), QStringLiteral("No Device Selected"),
                {60, 60, 7365, 1725}, Qt::AlignHCenter);

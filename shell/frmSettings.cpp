@@ -86,7 +86,8 @@ void frmSettings::UpdateColors() {
 }
 
 void frmSettings::txtGridRes_Change() {
-  const QString number = doubleText(Val(m_txtGridRes->text()));
+  // "9e9" fits; what it stands for doesn't.
+  const QString number = doubleText(Val(m_txtGridRes->text())).left(m_txtGridRes->maxLength());
   if (number != m_txtGridRes->text()) // setting it moves the cursor
     m_txtGridRes->setContent(number);
 }
@@ -100,14 +101,16 @@ void frmSettings::picColor_Click(std::size_t Index) {
 }
 
 void frmSettings::cmdOK_Click() {
-  reported("frmSettings", "cmdOK_Click", [this] {
-    GridRes = roundToLong(Val(m_txtGridRes->text()));
-    ShowGrid = m_chkGrid->isChecked();
-    LoadLastFile = m_chkLoadLast->isChecked();
-    for (const std::size_t i : std::array<std::size_t, 7>{0, 5, 6, 2, 1, 3, 4})
-      *swatches[i].colour = m_picColor[i]->BackColor();
-    LinkColorChanged();
-  });
+  // A distance from the store may be longer than what can be typed, and be made too long.
+  reported(
+      "frmSettings", "cmdOK_Click", [this] { GridRes = roundToLong(Val(m_txtGridRes->text())); },
+      [this] {
+        ShowGrid = m_chkGrid->isChecked();
+        LoadLastFile = m_chkLoadLast->isChecked();
+        for (const std::size_t i : std::array<std::size_t, 7>{0, 5, 6, 2, 1, 3, 4})
+          *swatches[i].colour = m_picColor[i]->BackColor();
+        LinkColorChanged();
+      });
   close();
 }
 

@@ -4,6 +4,8 @@
 #include "forms/controls.h"
 #include "forms/pictures.h"
 
+#include <QCloseEvent>
+#include <QFontInfo>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
@@ -16,7 +18,9 @@ namespace {
 /// The splash's own font; what stands in for it is made to fit the label.
 QFont loadingFont() {
   QFont font(QStringLiteral("Battlefield"));
-  font.setPointSizeF(24);
+  font.setPointSizeF(36);
+  if (QFontInfo(font).family() != font.family())
+    font.setPointSizeF(24);
   return font;
 }
 
@@ -45,6 +49,10 @@ void frmSplash::show() {
 
 void frmSplash::paintEvent(QPaintEvent *event) {
   QPainter(this).fillRect(event->rect(), Qt::black);
+}
+
+void frmSplash::closeEvent(QCloseEvent *event) {
+  event->accept();
 }
 
 void frmSplash::tmrDots_Timer() {

@@ -20,6 +20,9 @@ public:
 
 protected:
   void paintEvent(QPaintEvent *event) override;
+  /// Only hides it: it stays to the end of the process.
+  void closeEvent(QCloseEvent *event) override;
+  void keyPressEvent(QKeyEvent * /*event*/) override {}
 
 private:
   void tmrDots_Timer();

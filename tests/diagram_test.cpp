@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "appearance/images.h"
 #include "diagram/operations.h"
+#include "diagram/selection.h"
 #include "diagram/viewport.h"
 #include "forms/pictures.h"
 #include "support.h"
@@ -8,7 +9,10 @@
 #include <gmock/gmock.h>
 
 #include <QPainter>
+#include <QScreen>
+#include <QTest>
 
+#include <memory>
 #include <random>
 #include <sstream>
 
@@ -319,14 +323,132 @@ TEST_F(Diagram, PartsArePaintedAsTheWhole) {
     EXPECT_LE(difference(picture(part), whole.copy(part.translated(-area.topLeft()))), 8);
 }
 
+TEST_F(Diagram, PartsOfAThicketArePaintedAsTheWhole) {
+  add(2, 600, 400);
+  for (int i = 0; i < 1600; ++i)
+    operations.AddLink(0, .5, .5, 1, i / 160., .5, 1);
+  const QRect area(100, 50, 600, 400);
+  const QImage whole = picture(area);
+  const QRect part(100, 50, 40, 300); // few lines come here
+  EXPECT_LE(difference(picture(part), whole.copy(part.translated(-area.topLeft()))), 8);
+}
+
+TEST_F(Diagram, NothingOfALayerLiesOutsideItsSprite) {
+  LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
+  add(9, 200, 200);
+  Sprite &sprite = surface.picSystem(1);
+  const QRect around(180, 180, 80, 80);
+  const QImage before = picture(around);
+  sprite.layer = {.colour = white, .width = 72, .height = 51, .frameWidth = 2, .number = 32767};
+  const QImage after = picture(around);
+  const QRect inside(20, 20, sprite.Width, sprite.Height);
+  int changed = 0;
+  for (int y = 0; y < 80; ++y)
+    for (int x = 0; x < 80; ++x)
+      if (before.pixel(x, y) != after.pixel(x, y)) {
+        ++changed;
+        EXPECT_TRUE(inside.contains(x, y)) << x << ',' << y;
+      }
+  EXPECT_GT(changed, 100);
+}
+
+TEST_F(Diagram, TheBandInvertsWholePixelsAndLeavesNoTrace) {
+  surface.DrawGrid();
+  const QRect area(0, 0, 300, 300);
+  const QImage before = picture(area);
+  surface.lneXOR = {
+      .X1 = 20, .Y1 = 30, .X2 = 250, .Y2 = 170, .BorderColor = 0xE48257, .Visible = true};
+  const QImage with = picture(area);
+  int inverted = 0;
+  for (int y = 0; y < 300; ++y)
+    for (int x = 0; x < 300; ++x) {
+      if (before.pixel(x, y) == with.pixel(x, y))
+        continue;
+      ++inverted;
+      EXPECT_EQ(with.pixel(x, y) & RGB_MASK,
+                ~(before.pixel(x, y) ^ toQColor(0xE48257).rgb()) & RGB_MASK);
+    }
+  EXPECT_NEAR(inverted, 2 * 269, 80) << "two pixels wide";
+  surface.lneXOR.Visible = false;
+  EXPECT_EQ(picture(area), before);
+}
+
+/// The windows shows what a fresh painting would, after any change: nothing stays behind.
+TEST_F(Diagram, NoChangeLeavesTracesOnTheScreen) {
+  struct NoPanels : SelectionPanels {
+    void fillDevice() override {}
+    void fillLinks() override {}
+    void fillSubnets() override {}
+    void showNoDevice() override {}
+  } panels;
+  Selection selection(surface, panels);
+  OpenLANFile(sample("company.txt"), operations, *std::make_unique<DiagramReaderView>(operations));
+  surface.DrawGrid();
+  surface.resize(700, 500);
+  surface.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&surface));
+  const auto shown = [this] { return surface.screen()->grabWindow(surface.winId()).toImage(); };
+  const auto due = [this] { return picture(QRect(0, 0, 700, 500)); };
+  std::mt19937 random(3);
+  for (int step = 0; step < 60; ++step) {
+    const auto device = static_cast<std::int32_t>(random() % Systems.size());
+    switch (random() % 6) {
+    case 0:
+      selection.SelectItem(device, SelectedColor, false);
+      break;
+    case 1:
+      selection.SelectItem(device, LockColor, true);
+      break;
+    case 2:
+      selection.Deselect();
+      break;
+    case 3:
+      if (device > 0)
+        operations.RemoveSystem(device);
+      break;
+    case 4:
+      link(0, device);
+      break;
+    default: {
+      Sprite &sprite = surface.picSystem(device);
+      surface.touch(sprite);
+      sprite.Left = Systems[static_cast<std::size_t>(device)].lX = static_cast<int>(random() % 700);
+      surface.touch(sprite);
+      operations.RefreshLinks(device);
+    }
+    }
+    QCoreApplication::processEvents();
+    ASSERT_LE(difference(shown(), due()), 8) << "step " << step;
+  }
+}
+
+TEST_F(Diagram, ALinkToNoDeviceInAFileIsReportedForItself) {
+  for (const Answer answer : {Answer::Yes, Answer::No}) {
+    const Boxes told({answer, answer});
+    DiagramReaderView view(operations);
+    const Folder folder;
+    OpenLANFile(folder.file(lanFile({"1 HUB 100 100 1 -1 -1 -1", "."},
+                                    {"L 1 .5 .5 7 .5 .5 1", "L 0 .5 .5 1 .5 .5 1", "."})),
+                operations, view);
+    const std::vector<std::string> both(2, "340 frmMain.AddLink");
+    EXPECT_EQ(told.texts, answer == Answer::Yes ? both : std::vector<std::string>(1, both[0]));
+    EXPECT_EQ(UBound(Links), 2) << "a No leaves AddLink, not the reading";
+    EXPECT_EQ(lines(), answer == Answer::Yes ? "124,110-0,0;24,16-124,110;"
+                                             : "hidden 124,0-0,0;24,16-124,110;");
+  }
+}
+
 TEST(Grid, YieldsOnceForEachStep) {
   Surface surface(nullptr);
   for (const auto &[distance, due] :
-       std::vector<std::pair<int, int>>{{20, 126}, {999, 3}, {0, 0}}) {
+       std::vector<std::pair<int, int>>{{20, 126}, {999, 3}, {0, 0}, {2147483647, 1}}) {
     GridRes = distance;
     int yields = 0;
     surface.DrawGrid([&] { ++yields; });
     EXPECT_EQ(yields, due);
+    QImage part(10, 10, QImage::Format_RGB32);
+    QPainter painter(&part);
+    surface.paint(painter, {5, 5, 10, 10}); // no distance is too large to be added to
   }
 }
 

@@ -2,12 +2,20 @@
 #include "appearance/frmThemes.h"
 #include "editor/frmMain.h"
 #include "forms/dialogs.h"
+#include "panels/frmLanInfo.h"
 #include "shell/cdlgex.h"
+#include "shell/frmSettings.h"
+#include "shell/versionlist.h"
 #include "support.h"
 
 #include <gmock/gmock.h>
 
+#include <QAbstractButton>
+#include <QHelpEvent>
+#include <QLineEdit>
 #include <QTest>
+#include <QTimer>
+#include <QToolTip>
 
 using testing::IsEmpty;
 
@@ -123,6 +131,113 @@ TEST(Dialogs, FiltersAreConverted) {
   EXPECT_EQ(toQtFilter(QStringLiteral("LAN Definition files|*.txt|All files (*.*)|*.*")),
             u"LAN Definition files (*.txt);;All files (*.*) (*)");
   EXPECT_EQ(toQtFilter({}), u"");
+}
+
+/// The five boxes of the LAN information panel, as they stand.
+std::string infoBoxes() {
+  std::string all;
+  for (const char *name : {"txtName", "txtCompany", "txtIP", "txtX", "txtY"})
+    all += Form<frmLanInfo>::instance()
+               .findChild<QLineEdit *>(QString::fromLatin1(name))
+               ->text()
+               .toStdString() +
+           '|';
+  return all;
+}
+
+TEST_F(Editor, AFileFillsTheLanInformation) {
+  const Folder folder;
+  const auto open = [&](const std::vector<QByteArray> &header, int answers = 0) {
+    const Boxes answered(yes(answers));
+    dialogs.answer = folder.file(crlf(header) + crlf({"0 ROUTER 0 0", "."}));
+    main.picLoad_Click();
+    EXPECT_THAT(answered.texts, testing::SizeIs(answers));
+  };
+  Form<frmLanInfo>::instance();
+  open({"NAME N", "COMPANY C", "IP 1", "XPOS 12345", "YPOS -7"});
+  EXPECT_EQ(infoBoxes(), "N|C|1|12345|-7|") << "longer than what can be typed";
+  EXPECT_EQ(LanHeader.XPOS, 12345) << "a filled box isn't an edited one";
+  open({"NAME M", "COMPANY D", "IP 2", "XPOS east", "YPOS 9"}, 1);
+  EXPECT_EQ(infoBoxes(), "M|D|2|12345|9|") << "a fault leaves its box as it was";
+  Form<frmLanInfo>::instance().close();
+  open({"NAME O", "COMPANY E", "IP 3", "XPOS 4", "YPOS 5"});
+  EXPECT_EQ(infoBoxes(), "O|E|3|4|5|") << "a closed panel is made anew";
+  EXPECT_EQ(LanHeader.NAME, u"O");
+}
+
+TEST_F(Editor, SettingsRedrawTheGridOnEveryWayOut) {
+  const auto gridAt = [this](int x) {
+    return main.picLayout().grab(QRect(x, 5, 1, 1)).toImage().pixelColor(0, 0) ==
+           toQColor(GridColor);
+  };
+  const auto settings = [this](const std::function<void(frmSettings &)> &act) {
+    QTimer::singleShot(0, &main, [act] { act(Form<frmSettings>::instance()); });
+    main.picSettings_Click();
+  };
+  const auto press = [](frmSettings &form, const char *name) {
+    form.findChild<QAbstractButton *>(QString::fromLatin1(name))->click();
+  };
+  GridColor = 0x404040;
+  GridRes = 20;
+  ShowGrid = true;
+  BackgroundColor = 0;
+  LinkColor = 0x0000FF;
+  main.operations().AddSystem(2, 300, 300, 1, -1, -1, -1, {});
+  main.operations().AddLink(0, .5, .5, 1, .5, .5, 1);
+  settings([&](frmSettings &form) { press(form, "cmdCancel"); });
+  EXPECT_TRUE(gridAt(60));
+  GridRes = 50;
+  EXPECT_TRUE(gridAt(60)) << "what is drawn stays";
+  settings([&](frmSettings &form) { form.close(); });
+  EXPECT_FALSE(gridAt(60));
+  EXPECT_TRUE(gridAt(100));
+  LinkColor = 0x00FF00;
+  settings([&](frmSettings &form) {
+    press(form, "chkGrid");
+    press(form, "cmdOK");
+  });
+  EXPECT_FALSE(gridAt(100)) << "switched off";
+  for (const Line &line : main.picLayout().lneLink)
+    EXPECT_EQ(line.BorderColor, 0x00FF00);
+  EXPECT_EQ(main.picLayout().lneXOR.BorderColor, 0x00FF00);
+}
+
+TEST_F(Editor, ToolTipsNameDevicesAndButtons) {
+  main.operations().ClearLAN();
+  main.operations().AddSystem(11, 100, 50, 1, -1, -1, -1, {});
+  const auto tip = [this](QPoint at) {
+    QHelpEvent event(QEvent::ToolTip, at, main.picLayout().mapToGlobal(at));
+    QCoreApplication::sendEvent(&main.picLayout(), &event);
+    return QToolTip::isVisible() ? QToolTip::text().toStdString() : std::string();
+  };
+  EXPECT_EQ(tip({110, 60}), "Modem");
+  EXPECT_EQ(tip({1, 1}), "Router");
+  EXPECT_EQ(child("picSave")->toolTip(), u"Save LAN (Ctrl-S)");
+  tip({60, 100}); // the bare surface
+  EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+}
+
+TEST_F(Editor, LettersCountByTheirKeyInAnyLayout) {
+  const auto click = [this](int key, quint32 scanCode, Qt::KeyboardModifiers modifiers) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QKeyEvent event(type, key, modifiers, scanCode, 0, 0);
+      QCoreApplication::sendEvent(&main, &event);
+    }
+    return dialogs.requests.size();
+  };
+  EXPECT_EQ(click(0x429, 32, Qt::ControlModifier), 1U) << "the key of O";
+  EXPECT_EQ(click(Qt::Key_O, 40, Qt::ControlModifier), 2U) << "an O, wherever it is";
+  EXPECT_EQ(click(0x429, 33, Qt::ShiftModifier), 2U) << "the key of P";
+}
+
+TEST_F(Editor, TheListOfVersionsChangesNothing) {
+  EXPECT_THROW(frmMain::CheckForUpdate(true), RuntimeError) << "there is none";
+  QFile list(versionListPath());
+  ASSERT_TRUE(list.open(QIODevice::WriteOnly));
+  list.write("<versions><version number='9.9.9'/></versions>");
+  list.close();
+  EXPECT_FALSE(frmMain::CheckForUpdate(true));
+  EXPECT_TRUE(list.remove());
 }
 
 } // namespace

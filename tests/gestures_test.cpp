@@ -160,6 +160,8 @@ TEST_F(Gesture, WhatIsNoClickOnThemKeepsTheSelection) {
   EXPECT_EQ(lSelectedItem, hub) << "a button, released over the surface";
   pressIn(child("picToolbar"), {500, 10}).release();
   EXPECT_EQ(lSelectedItem, hub) << "bare tool bar";
+  pressIn(child("picToolbar"), {500, 10}).moveIn(main, {530, 460}).release();
+  EXPECT_EQ(lSelectedItem, hub) << "bare tool bar, released over the bare form";
 }
 
 TEST_F(Gesture, TheStatusLineTellsWhatThePointerIsOver) {
@@ -387,6 +389,23 @@ TEST_F(Gesture, ThePreviewIsDraggedWithTheLeftButtonWhileItsWindowStands) {
   EXPECT_FALSE(Drag::instance().isActive());
   release();
   EXPECT_EQ(UBound(Systems), server);
+}
+
+TEST_F(Gesture, ADoubleClickOnThePreviewIsOneDrag) {
+  toolbox();
+  pressIn(preview(), {1, 1}).release();
+  pressOn();
+  EXPECT_FALSE(Drag::instance().isActive());
+  release();
+}
+
+/// A box that comes up in mid-press gets the release; the surface must not wait for it for ever.
+TEST_F(Gesture, ALostReleaseHoldsNoDevice) {
+  doubleClick(hub);
+  press(terminal, Qt::RightButton);
+  pointer.loseRelease();
+  moveTo(400, 300);
+  EXPECT_THAT(band(), testing::EndsWith("-400,300"));
 }
 
 TEST_F(Gesture, TheToolboxStartsAtHubAtEachOpening) {

@@ -183,6 +183,17 @@ TEST_F(LanFile, SaveReportsWhatIsNotThere) {
   }
 }
 
+TEST_F(LanFile, AShorterLanReplacesALongerFileWhole) {
+  const Boxes boxes;
+  OpenLANFile(sample("company.txt"), operations, view);
+  const QString path = folder.path("twice.txt");
+  SaveLAN(path);
+  operations.ClearLAN();
+  SaveLAN(path);
+  EXPECT_EQ(Folder::bytes(path).toStdString(), save().toStdString());
+  EXPECT_THAT(boxes.texts, IsEmpty());
+}
+
 TEST_F(LanFile, ReadsByPlaceAndNotByWord) {
   Boxes boxes;
   open("; a comment\r\n\r\n \t \r\nTITLE My  \tnet\r\n  COMPANY \r\n\tIP\t1.2\r\n;x\r\nXPOS 2.5\r\n"
@@ -252,6 +263,35 @@ TEST_F(LanFile, FaultsOfTheHeaderKeepTheOldValue) {
   EXPECT_THAT(boxes.texts, ElementsAre("13 frmMain.OpenLANFile", "6 frmMain.OpenLANFile",
                                        "9 frmMain.OpenLANFile"));
   EXPECT_EQ(dump(), "N,C,1,0,0|ROUTER 0 0 1 -1 -1 -1;HUB 1 1 1 1 1 1|||");
+}
+
+/// No ends the reading wherever it stands, with what was built up to there.
+TEST_F(LanFile, NoEndsTheReadingAtAnyFault) {
+  const std::vector<QByteArray> good{
+      "NAME N", "COMPANY C",       "IP 1", "XPOS 1", "YPOS 2", "0 R 3 4", "1 HUB 1 1 1 1 1 1",
+      ".",      "L 0 0 0 1 0 0 1", ".",    "V 0 1",  ".",      "D 1 x",   "."};
+  struct Case {
+    std::size_t line;
+    const char *fault;
+    const char *due;
+  };
+  for (const auto &[line, fault, due] : std::vector<Case>{
+           {3, "XPOS east", "N,C,1,0,0|ROUTER 0 0 1 -1 -1 -1|||"},
+           {5, "0 R 3", "N,C,1,1,2|ROUTER 0 0 1 -1 -1 -1|||"},
+           {5, "0 R x 4", "N,C,1,1,2|ROUTER 0 0 1 -1 -1 -1|||"},
+           {6, "1 HUB", "N,C,1,1,2|ROUTER 3 4 1 -1 -1 -1|||"},
+           {8, "L", "N,C,1,1,2|ROUTER 3 4 1 -1 -1 -1;HUB 1 1 1 1 1 1|||"},
+           {10, "V", "N,C,1,1,2|ROUTER 3 4 1 -1 -1 -1;HUB 1 1 1 1 1 1|0@0,0-1@0,0/1||"},
+           {12, "D", "N,C,1,1,2|ROUTER 3 4 1 -1 -1 -1;HUB 1 1 1 1 1 1|0@0,0-1@0,0/1|0<1|"},
+       }) {
+    std::vector<QByteArray> lines = good;
+    lines[line] = fault;
+    const Boxes boxes({Answer::No});
+    open(crlf(lines));
+    EXPECT_THAT(boxes.texts, SizeIs(1)) << fault;
+    EXPECT_EQ(dump(), due) << fault;
+    EXPECT_FALSE(LoadingFile);
+  }
 }
 
 TEST_F(LanFile, TablesBehindSystemsAreOptional) {

@@ -370,6 +370,73 @@ TEST_F(Panels, RemovingALinkKeepsTheOtherRowsTrue) {
   EXPECT_EQ(dumpLinks(), "1@0.25,0-0@0.5,0.5/1;1@0.5,0-0@0.5,0.5/3");
 }
 
+/// The row that moves up is not picked: its number is still that of another link.
+TEST_F(Panels, RemovingALinkPicksNoOtherRow) {
+  add(2);
+  add(2);
+  link(1, 2, 0, 0);
+  link(0, 1);
+  link(1, 0, 1, 1);
+  Form<frmLinks>::instance().show();
+  select(2); // its only link goes
+  for (const int device : {2, 1, 1}) {
+    select(device);
+    Boxes yesses(yes(1));
+    const QString x = LinkPanel::text("txtX");
+    LinkPanel::click("cmdRemove");
+    EXPECT_THAT(yesses.texts, SizeIs(1));
+    EXPECT_EQ(LinkPanel::control<NumberList>("lstLinks")->ListIndex(), -1);
+    EXPECT_EQ(LinkPanel::text("txtX"), x) << "what the removed link had";
+  }
+  EXPECT_EQ(dumpLinks(), "");
+}
+
+TEST_F(Panels, AButtonOfThePickerIsWhereItShows) {
+  link(0, 0);
+  select(0);
+  auto *panel = LinkPanel::control("picLinks");
+  for (int i = 0; i < 17; ++i) {
+    const auto *option = LinkPanel::control(("optPosition" + std::to_string(i)).c_str());
+    EXPECT_EQ(option->size(), QSize(12, 12));
+    EXPECT_EQ(panel->childAt(option->geometry().topLeft()), option) << i;
+    EXPECT_EQ(panel->childAt(option->geometry().bottomRight()), option) << i;
+  }
+}
+
+TEST_F(Panels, ARemovedSubnetKeepsItsFrameAndPicksNoOther) {
+  const std::int32_t owner = add(2);
+  const std::int32_t a = add(4);
+  const std::int32_t b = add(4);
+  main.operations().AddSubnet(owner, a);
+  main.operations().AddSubnet(owner, b);
+  Form<frmSubnet>::instance().show();
+  select(owner);
+  SubnetPanel::control<NumberList>("lstSubnets")->setListIndex(0);
+  SubnetPanel::click("picRemove");
+  EXPECT_EQ(tag(a), SpriteTag::Green);
+  EXPECT_EQ(frame(a), SubnetSelColor);
+  EXPECT_EQ(tag(b), SpriteTag::GreenDk);
+  EXPECT_EQ(SubnetPanel::control<NumberList>("lstSubnets")->ListIndex(), -1);
+}
+
+/// A closed panel that Deselect makes anew has not been filled; one that a press makes has.
+TEST_F(Panels, DeselectMakesClosedPanelsAnew) {
+  const std::int32_t first = add(9);
+  const std::int32_t server = add(5, first);
+  select(server);
+  Form<frmDevice>::instance().close();
+  Form<frmSubnet>::instance().close();
+  main.selection().Deselect();
+  EXPECT_TRUE(Form<frmDevice>::isLoaded());
+  EXPECT_TRUE(Form<frmLinks>::isLoaded());
+  EXPECT_TRUE(Form<frmSubnet>::isLoaded());
+  EXPECT_FALSE(Form<frmDevice>::instance().isVisible());
+  main.operations().ClearLAN();
+  Form<frmDevice>::instance().close();
+  main.operations().ClearLAN();
+  EXPECT_FALSE(Form<frmDevice>::isLoaded()) << "New speaks only to those that are there";
+}
+
 TEST_F(Panels, SubnetsMoveBetweenTheLists) {
   add(2);
   add(4);
@@ -405,7 +472,7 @@ TEST_F(Panels, SubnetsMoveBetweenTheLists) {
   EXPECT_TRUE(SubnetPanel::shows("lblNoDevice")); // made anew, and filled at the next selection
 }
 
-TEST_F(Panels, TheHeaderFollowsTheBoxesAndTheBoxesAFile) {
+TEST_F(Panels, TheHeaderFollowsTheBoxes) {
   const auto all = [] {
     return (Info::text("txtName") + u'|' + Info::text("txtCompany") + u'|' + Info::text("txtIP") +
             u'|' + Info::text("txtX") + u'|' + Info::text("txtY"))
@@ -419,8 +486,6 @@ TEST_F(Panels, TheHeaderFollowsTheBoxesAndTheBoxesAFile) {
   }
   Info::type("txtName", QString());
   EXPECT_EQ(LanHeader.NAME, u"");
-  const Folder folder;
-  DiagramReaderView view(main.operations());
   main.operations().ClearLAN();
   EXPECT_EQ(Info::text("txtX"), u"7"); // it keeps the old text
   EXPECT_EQ(LanHeader.XPOS, 0);

@@ -3,6 +3,7 @@
 #include "appearance/images.h"
 #include "forms/dialogs.h"
 #include "forms/textbox.h"
+#include "formtest.h"
 #include "shell/frmSettings.h"
 #include "shell/frmSplash.h"
 #include "shell/swatch.h"
@@ -34,29 +35,6 @@ using testing::UnorderedElementsAre;
 
 namespace vnb::test {
 namespace {
-
-/// Verbs for the controls of one form.
-template <class T>
-class FormTest : public testing::Test {
-protected:
-  ~FormTest() override { Form<T>::unload(); }
-
-  static T &form() { return Form<T>::instance(); }
-  template <class Control = QWidget>
-  static Control &control(const char *name) {
-    auto *found = form().template findChild<Control *>(QString::fromLatin1(name));
-    if (found == nullptr)
-      throw std::invalid_argument(name);
-    return *found;
-  }
-  static std::string text(const char *label) { return control<QLabel>(label).text().toStdString(); }
-  static void click(const char *name) { QTest::mouseClick(&control(name), Qt::LeftButton); }
-  /// The colour in the middle of a control, as it is drawn.
-  static QColor seen(const char *name) {
-    const QImage image = control(name).grab().toImage();
-    return image.pixelColor(image.rect().center());
-  }
-};
 
 class SettingsDialog : public FormTest<frmSettings> {
 protected:
@@ -228,13 +206,14 @@ TEST_F(SettingsDialog, OkAloneWritesTheSameBackAndRecolours) {
   EXPECT_THAT(recoloured, ElementsAre(0x100006));
 }
 
-TEST_F(SettingsDialog, ALineOfDigitsBeyondALongIsReported) {
-  const Boxes boxes;
-  paste(u"9e9");
-  EXPECT_EQ(box().text(), u"9000000000");
+TEST_F(SettingsDialog, ADistanceBeyondALongIsReportedAndTheRestTaken) {
+  const Boxes boxes(yes(1));
+  box().setContent(QStringLiteral("9000000000")); // as a stored one can be made by editing
+  control<QCheckBox>("chkGrid").setChecked(false);
   click("cmdOK");
   EXPECT_THAT(boxes.texts, ElementsAre("6 frmSettings.cmdOK_Click"));
   EXPECT_EQ(GridRes, 20);
+  EXPECT_FALSE(ShowGrid);
 }
 
 TEST_F(SettingsDialog, OtherWaysOutChangeNothingAndDestroyTheForm) {
