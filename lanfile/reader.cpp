@@ -78,11 +78,11 @@ private:
   template <class Take>
   bool headerLine(HeaderField field, std::size_t keyLength, Take take) {
     return m_report([&] {
-             nextLine();
-             const std::string line = normalised(m_lines.current());
-             take(std::string_view(line).substr(std::min(keyLength + 1, line.size())));
-             m_view.headerRead(field);
-           });
+      nextLine();
+      const std::string line = normalised(m_lines.current());
+      take(std::string_view(line).substr(std::min(keyLength + 1, line.size())));
+      m_view.headerRead(field);
+    });
   }
 
   bool readHeader() {
