@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTemporaryDir>
 
@@ -60,6 +61,21 @@ public:
     Form<frmLinks>::instance().setVisible(show);
     Form<frmSubnet>::instance().setVisible(show);
     settle();
+  }
+  /// What the pointer does at a place of the surface.
+  void point(QEvent::Type type, QPoint at, Qt::MouseButton button) {
+    const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : button;
+    QMouseEvent event(type, at, surface().mapToGlobal(at),
+                      type == QEvent::MouseMove ? Qt::NoButton : button, held, Qt::NoModifier);
+    QCoreApplication::sendEvent(&surface(), &event);
+  }
+  /// Picks the entry of a type in the context menu.
+  void retype(std::int32_t device, std::int32_t lType) {
+    ContextMenu contextMenu(m_main.selection(), m_main.operations());
+    const auto menu = contextMenu.build(device, m_main);
+    for (QAction *entry : menu->findChild<QMenu *>(QStringLiteral("mnuChange"))->actions())
+      if (entry->text() == NameFromType(lType, true))
+        entry->trigger();
   }
   void select(std::int32_t device) { m_main.selection().SelectItem(device, SelectedColor, false); }
 
@@ -119,11 +135,18 @@ void selectDevice(benchmark::State &state, Shape shape, std::int32_t device, boo
   bench().showPanels(false);
 }
 
-void pressAndDrop(benchmark::State &state) {
+/// A whole gesture: select by a press, three steps, a drop, all that is then to be painted.
+void dragAndDrop(benchmark::State &state) {
   bench().make(state.range(0), Shape::Normal);
-  const std::int32_t device = UBound(Systems) / 2;
+  const std::int32_t device = UBound(Systems);
+  int there = 0;
   for (auto _ : state) {
-    bench().main().operations().RefreshLinks(device);
+    there = there == 100 ? 300 : 100;
+    const Sprite &sprite = bench().surface().picSystem(device);
+    bench().point(QEvent::MouseButtonPress, {sprite.Left, sprite.Top}, Qt::LeftButton);
+    for (int step = 1; step <= 3; ++step)
+      bench().point(QEvent::MouseMove, {there - 3 + step, 200}, Qt::LeftButton);
+    bench().point(QEvent::MouseButtonRelease, {there, 200}, Qt::LeftButton);
     Bench::settle();
   }
 }
@@ -132,7 +155,18 @@ void pointerMove(benchmark::State &state) {
   bench().make(state.range(0), Shape::Normal);
   int x = 0;
   for (auto _ : state)
-    benchmark::DoNotOptimize(bench().surface().spriteAt({x = (x + 7) % 2500, 900}));
+    bench().point(QEvent::MouseMove, {x = (x + 7) % 1000, 700}, Qt::NoButton);
+}
+
+void retype(benchmark::State &state) {
+  bench().make(state.range(0), Shape::Normal);
+  bench().select(UBound(Systems));
+  std::int32_t lType = 2;
+  for (auto _ : state) {
+    lType = lType == 2 ? 4 : 2;
+    bench().retype(UBound(Systems), lType);
+    Bench::settle();
+  }
 }
 
 void addLink(benchmark::State &state) {
@@ -209,8 +243,9 @@ BENCHMARK_CAPTURE(selectDevice, , Shape::Normal, 5, true)->Name("SelectSubnets/o
 BENCHMARK_CAPTURE(selectDevice, , Shape::Locks, 5, false)
     ->Name("SelectAmongLocks/ours")
     ->Apply(sizes);
-BENCHMARK(pressAndDrop)->Name("Drop/ours")->Apply(sizes);
+BENCHMARK(dragAndDrop)->Name("DragAndDrop/ours")->Apply(sizes);
 BENCHMARK(pointerMove)->Name("PointerMove/ours")->Apply(sizes);
+BENCHMARK(retype)->Name("Retype/ours")->Apply(sizes);
 BENCHMARK(addLink)->Name("AddLink/ours")->Apply(fewSizes);
 BENCHMARK(removeDevice)->Name("RemoveDevice/ours")->Apply(fewSizes);
 BENCHMARK(newLan)->Name("New/ours")->Apply(fewSizes);

@@ -15,6 +15,43 @@ constexpr qsizetype largestFile = qsizetype{16} << 20;
 /// Characters that a document may make: a file of the largest size without entities.
 constexpr qsizetype longestContent = largestFile;
 constexpr std::size_t deepest = 64;
+/// Attributes of an element, and declarations of a document type.
+constexpr int many = 256;
+constexpr qsizetype longestDeclaration = 4096;
+
+/// How many values in quotes stand in `tag`.
+int valuesIn(QByteArrayView tag) {
+  int values = 0;
+  bool due = false; // behind "=" and blanks
+  for (const char c : tag) {
+    if (due && (c == '"' || c == '\''))
+      ++values;
+    due = c == '=' || (due && (c == ' ' || c == '\t' || c == '\r' || c == '\n'));
+  }
+  return values;
+}
+
+bool isDeclaration(QByteArrayView tag) {
+  return tag.startsWith('!') && !tag.startsWith("!--") && !tag.startsWith("![");
+}
+
+/// Refuses what the reader would take the square of its length in time for: crowds of attributes
+/// and long document types. Neither "<" nor a declaration can be inside a tag, so what lies between
+/// two of them is at least a tag.
+void refuseCrowds(QByteArray bytes) {
+  bytes.replace('\0', ""); // as UTF-16 has them
+  int declarations = 0;
+  for (qsizetype at = bytes.indexOf('<'); at >= 0;) {
+    const qsizetype next = bytes.indexOf('<', at + 1);
+    const QByteArrayView tag =
+        QByteArrayView(bytes).sliced(at + 1, (next < 0 ? bytes.size() : next) - at - 1);
+    if (valuesIn(tag) > many)
+      throw RuntimeError(ownError, QStringLiteral("An element has too many attributes."));
+    if (isDeclaration(tag) && (++declarations > many || tag.trimmed().size() > longestDeclaration))
+      throw RuntimeError(ownError, QStringLiteral("The document type is too long."));
+    at = next;
+  }
+}
 
 } // namespace
 
@@ -106,6 +143,7 @@ XmlDocument::XmlDocument(const QString &path) : m_text(std::make_unique<QString>
   const QByteArray bytes = file.readAll();
   if (bytes.size() > largestFile)
     throw RuntimeError(ownError, QStringLiteral("The file is larger than 16 MiB."));
+  refuseCrowds(bytes);
   m_root = XmlBuilder(bytes, *m_text).build();
 }
 

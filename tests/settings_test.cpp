@@ -9,8 +9,13 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
 #include <memory>
+#include <random>
 #include <sstream>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -347,6 +352,34 @@ TEST_F(Settings, WhatIsNoStoreIsReadAsFarAsItGoesAndMadeOne) {
     EXPECT_EQ(values()[5], "e48257");
     EXPECT_THAT(boxes.texts, IsEmpty()) << bytes.left(20).toStdString();
   }
+}
+
+/// Whenever a writer dies, there is the store before or the store after, and the next one may
+/// write.
+TEST_F(Settings, AWriterKilledAtAnyMomentSpoilsNothing) {
+  const Boxes boxes;
+  const auto save = [this](std::int32_t distance) {
+    GridRes = distance;
+    SaveSettings(window);
+    return stored().toStdString();
+  };
+  const std::string one = save(10);
+  const std::string other = save(999);
+  std::mt19937 random(1);
+  for (int round = 0; round < 100; ++round) {
+    const pid_t writer = ::fork();
+    ASSERT_GE(writer, 0);
+    while (writer == 0) {
+      save(10);
+      save(999);
+    }
+    ::usleep(static_cast<useconds_t>(random() % 4000));
+    ::kill(writer, SIGKILL);
+    ::waitpid(writer, nullptr, 0);
+    EXPECT_THAT(stored().toStdString(), testing::AnyOf(one, other)) << "round " << round;
+    EXPECT_EQ(save(10), one) << "past what the dead one may have locked";
+  }
+  EXPECT_THAT(boxes.texts, IsEmpty());
 }
 
 TEST_F(Settings, ALockLeftByACrashHoldsNobodyUp) {

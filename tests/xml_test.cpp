@@ -120,6 +120,18 @@ TEST(Xml, HoldsToItsLimitsAtOnce) {
   const auto entity = [](qsizetype length) {
     return "<!DOCTYPE a [<!ENTITY e '" + QByteArray(length, 'x') + "'>]>";
   };
+  const auto attributes = [](int count) {
+    QByteArray text;
+    for (int i = 0; i < count; ++i)
+      text += " a" + QByteArray::number(i) + " = ''";
+    return text;
+  };
+  const auto utf16 = [](const QByteArray &text) {
+    QByteArray bytes = "\xFF\xFE";
+    for (const char c : text)
+      bytes += QByteArray(1, c) + QByteArray(1, '\0');
+    return bytes;
+  };
   constexpr qsizetype mebibyte = 1 << 20;
   struct Case {
     QByteArray bytes;
@@ -136,7 +148,16 @@ TEST(Xml, HoldsToItsLimitsAtOnce) {
            {entity(4000) + "<a>" + QByteArray("&e;").repeated(1'000'000) + "</a>", "ntity"},
            {entity(4000) + "<a b='" + QByteArray("&e;").repeated(1'000'000) + "'/>", "ntity"},
            {entity(3) + "<a>" + QByteArray("&e;").repeated(1'000'000) + "</a>", ""},
-           {"<!DOCTYPE a [<!ATTLIST b c CDATA '" + QByteArray(1 << 16, 'x') + "'>]><a>" +
+           {"<a" + attributes(256) + ">" + QByteArray("====\n").repeated(300) + "</a>", ""},
+           {"<a" + attributes(257) + "/>", "too many attributes"},
+           {"<a x='>'" + attributes(1'000'000) + "/>", "too many attributes"},
+           {utf16("<a" + attributes(1000) + "/>"), "too many attributes"},
+           {"<!DOCTYPE a [" + QByteArray("<!ATTLIST a b CDATA ''>").repeated(500'000) + "]><a/>",
+            "document type is too long"},
+           {"<!DOCTYPE a [<!ATTLIST a" + QByteArray(" b CDATA ''").repeated(500'000) + ">]><a/>",
+            "document type is too long"},
+           {"<!DOCTYPE a>" + QByteArray(5000, '\n') + "<a/>", ""},
+           {"<!DOCTYPE a [<!ATTLIST b c CDATA '" + QByteArray(4000, 'x') + "'>]><a>" +
                 QByteArray("<b/>").repeated(100'000) + "</a>",
             "longer than 16 Mi characters"},
            {"<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a>", "ntity"},
