@@ -2,7 +2,10 @@
 #include "appearance/frmThemes.h"
 #include "editor/frmMain.h"
 #include "forms/dialogs.h"
+#include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
+#include "panels/frmLinks.h"
+#include "panels/frmSubnet.h"
 #include "shell/cdlgex.h"
 #include "shell/frmSettings.h"
 #include "shell/versionlist.h"
@@ -200,6 +203,63 @@ TEST_F(Editor, SettingsRedrawTheGridOnEveryWayOut) {
   for (const Line &line : main.picLayout().lneLink)
     EXPECT_EQ(line.BorderColor, 0x00FF00);
   EXPECT_EQ(main.picLayout().lneXOR.BorderColor, 0x00FF00);
+}
+
+/// A theme in a folder of its own, with a router's picture of 20 by 10 pixels.
+QString theme(const Folder &folder) {
+  QImage router(20, 10, QImage::Format_RGB32);
+  router.fill(Qt::cyan);
+  EXPECT_TRUE(router.save(folder.path("router.png")));
+  return folder.file("<THEME><COLORS><COLOR for='background' color='#102030'/>"
+                     "<COLOR for='text' color='#FFEEDD'/><COLOR for='redtext' color='#FF4433'/>"
+                     "<COLOR for='separator' color='#112211'/><COLOR for='link' color='#00FF00'/>"
+                     "<COLOR for='secure1' color='#004040'/></COLORS><BUTTONS/>"
+                     "<DEVICES><DEVICE name='router' image='router.png'/></DEVICES></THEME>",
+                     "theme.xml");
+}
+
+TEST_F(Editor, AThemeRestylesEverythingThatStands) {
+  const Folder folder;
+  const auto foreground = [](QWidget &form, const char *name) {
+    const auto *control = form.findChild<QWidget *>(QString::fromLatin1(name));
+    return control->palette().color(control->foregroundRole()).name().toStdString();
+  };
+  main.operations().ClearLAN();
+  main.operations().AddSystem(2, 300, 300, 1, -1, -1, -1, {});
+  main.operations().AddLink(0, .5, .5, 1, .5, .5, 1);
+  main.operations().AddLink(0, .5, .5, 1, .5, .5, 1);
+  main.selection().SelectItem(1, SelectedColor, false);
+  main.picLayout().lneLink(2).BorderColor = LinkSelColor; // picked in the link panel
+  GridRes = 20;
+  GridColor = 0x404040;
+  main.picLayout().DrawGrid();
+  const float end = main.picLayout().lneLink(1).X1;
+  const SpriteLayer frame = main.picLayout().picSystem(1).layer;
+
+  LoadTheme(theme(folder), *frmThemes::View);
+
+  for (const Line &line : main.picLayout().lneLink)
+    EXPECT_EQ(line.BorderColor, 0x00FF00);
+  EXPECT_EQ(main.picLayout().lneXOR.BorderColor, 0x00FF00);
+  const Sprite &router = main.picLayout().picSystem(0);
+  EXPECT_EQ(router.Width, 20);
+  EXPECT_EQ(router.Picture.toImage().pixelColor(5, 5), QColor(Qt::cyan));
+  EXPECT_EQ(main.picLayout().lneLink(1).X1, end) << "until the router is moved";
+  EXPECT_EQ(main.picLayout().picSystem(1).layer.colour, frame.colour);
+  const QImage surface = main.picLayout().grab(QRect(400, 100, 50, 50)).toImage();
+  for (int x = 0; x < 50; ++x)
+    EXPECT_EQ(surface.pixelColor(x, 5), QColor(0x10, 0x20, 0x30)) << "the grid is wiped";
+  EXPECT_EQ(foreground(main, "lblStatus"), "#ffeedd");
+  EXPECT_EQ(main.palette().color(QPalette::Window).name(), u"#102030");
+  EXPECT_EQ(foreground(Form<frmDevice>::instance(), "lblNoDevice"), "#ff4433");
+  EXPECT_EQ(foreground(Form<frmSubnet>::instance(), "lblNoDevice"), "#ff4433");
+  EXPECT_EQ(foreground(Form<frmLinks>::instance(), "lblNoDevice"), "#ffeedd");
+  for (QWidget *form : std::initializer_list<QWidget *>{&Form<frmDevice>::instance(),
+                                                        &Form<frmLinks>::instance()}) {
+    const QPalette colours = form->findChild<QWidget *>(QStringLiteral("optSecur0"))->palette();
+    EXPECT_EQ(colours.color(QPalette::Button).name(), u"#004040");
+    EXPECT_EQ(colours.color(QPalette::ButtonText).name(), u"#ffbfbf") << "the inverse";
+  }
 }
 
 TEST_F(Editor, ToolTipsNameDevicesAndButtons) {
