@@ -59,7 +59,7 @@ panel alt l 'Links' 210
 links=$window
 panel alt s 'Valid Subnets' 420
 subnets=$window
-panel alt i 'LAN Information' 610
+panel alt i 'LAN Info' 610
 information=$window
 
 device 40 170 # the server
