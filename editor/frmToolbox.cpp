@@ -7,6 +7,7 @@
 #include "forms/controls.h"
 #include "forms/drag.h"
 #include "forms/picturebox.h"
+#include "forms/style.h"
 #include "runtime/messagebox.h"
 #include "runtime/report.h"
 #include "runtime/twips.h"
@@ -89,8 +90,7 @@ void frmToolbox::UpdateColors() {
 
 void frmToolbox::paintEvent(QPaintEvent * /*event*/) {
   QPainter painter(this);
-  painter.setPen(toQColor(TextColor));
-  painter.drawRect(shpPreview.adjusted(0, 0, -1, -1));
+  paintFrame(painter, shpPreview, toQColor(TextColor));
 }
 
 /// The form may be older than the pictures: the first theme makes it before they are loaded.

@@ -3,6 +3,7 @@
 #include "editor/termination.h"
 #include "forms/dialogs.h"
 #include "forms/pictures.h"
+#include "forms/style.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -15,7 +16,7 @@ int main(int argc, char *argv[]) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "xcb;wayland");
   QApplication application(argc, argv);
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  useStyle();
   QApplication::setApplicationDisplayName({});
   QApplication::setWindowIcon(QIcon(LoadResPicture(QStringLiteral("ICON"))));
   showMessageBox = showMessageWindow;

@@ -37,7 +37,7 @@ void PictureButton::paintEvent(QPaintEvent * /*event*/) {
   painter.drawPixmap(0, 0, m_picture);
   if (hasFocus()) {
     painter.setPen(QPen(palette().color(QPalette::WindowText), 1, Qt::DotLine));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.drawRect(rect().adjusted(1, 1, -2, -2));
   }
 }
 

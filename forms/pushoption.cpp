@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "forms/pushoption.h"
 
+#include "forms/style.h"
+
 #include <QPainter>
 
 namespace vnb {
@@ -14,16 +16,14 @@ void PushOption::paintEvent(QPaintEvent * /*event*/) {
   QPainter painter(this);
   const QColor text = palette().color(QPalette::ButtonText);
   painter.fillRect(rect(), palette().color(QPalette::Button));
-  const auto frame = [&](int inset, const QPen &pen) {
-    painter.setPen(pen);
-    painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
-  };
-  frame(0, palette().color(QPalette::Mid));
+  paintFrame(painter, rect(), palette().color(QPalette::Mid));
   if (isChecked() || isDown())
-    for (int inset = 1; inset <= 2; ++inset)
-      frame(inset, text);
-  if (hasFocus())
-    frame(isChecked() ? 3 : 1, QPen(text, 1, Qt::DotLine));
+    paintFrame(painter, rect().adjusted(1, 1, -1, -1), text, 2);
+  if (hasFocus()) {
+    const int inset = isChecked() ? 3 : 1;
+    painter.setPen(QPen(text, 1, Qt::DotLine));
+    painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+  }
   painter.setPen(text);
   painter.drawText(rect(), Qt::AlignCenter, this->text());
 }

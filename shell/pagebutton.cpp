@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/pagebutton.h"
 
+#include "forms/style.h"
+
 #include <QPainter>
 
 namespace vnb {
@@ -20,8 +22,8 @@ void PageButton::mouseDoubleClickEvent(QMouseEvent * /*event*/) {}
 void PageButton::paintEvent(QPaintEvent * /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::black);
-  painter.setPen(QColor::fromRgb(m_selected ? m_colours.selected : m_colours.resting));
-  painter.drawRect(rect().adjusted(1, 1, -2, -2));
+  paintFrame(painter, rect().adjusted(1, 1, -1, -1),
+             QColor::fromRgb(m_selected ? m_colours.selected : m_colours.resting));
   if (hasFocus()) {
     painter.setPen(QPen(QColor::fromRgb(m_colours.caption), 1, Qt::DotLine));
     painter.drawRect(rect().adjusted(3, 3, -4, -4));

@@ -11,10 +11,6 @@
 
 #include <gmock/gmock.h>
 
-using testing::Each;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
 

@@ -14,6 +14,7 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QDir>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QTest>
@@ -166,6 +167,22 @@ TEST_F(Editor, AFileFillsTheLanInformation) {
   open({"NAME O", "COMPANY E", "IP 3", "XPOS 4", "YPOS 5"});
   EXPECT_EQ(infoBoxes(), "O|E|3|4|5|") << "a closed panel is made anew";
   EXPECT_EQ(LanHeader.NAME, u"O");
+}
+
+TEST_F(Editor, NoFileLeavesTheWindowUnusable) {
+  const QDir corpus(QStringLiteral(VNB_CORPUS "/lanfile"));
+  for (const QString &name : corpus.entryList(QDir::Files)) {
+    const Boxes answered(yes(5));
+    dialogs.answer = corpus.filePath(name);
+    main.picLoad_Click();
+    EXPECT_LE(answered.texts.size(), 6U) << name.toStdString() << ": a No ends it";
+    EXPECT_FALSE(LoadingFile);
+    const std::int32_t count = UBound(Systems);
+    main.operations().AddSystem(2, 10, 10, 1, -1, -1, -1, {});
+    main.selection().SelectItem(UBound(Systems), SelectedColor, false);
+    EXPECT_EQ(UBound(Systems), count + 1) << name.toStdString();
+    EXPECT_EQ(main.picLayout().picSystem.UBound(), count + 1) << name.toStdString();
+  }
 }
 
 TEST_F(Editor, SettingsRedrawTheGridOnEveryWayOut) {

@@ -369,10 +369,11 @@ TEST_F(Settings, AWriterKilledAtAnyMomentSpoilsNothing) {
   for (int round = 0; round < 100; ++round) {
     const pid_t writer = ::fork();
     ASSERT_GE(writer, 0);
-    while (writer == 0) {
-      save(10);
-      save(999);
-    }
+    if (writer == 0)
+      for (;;) {
+        save(10);
+        save(999);
+      }
     ::usleep(static_cast<useconds_t>(random() % 4000));
     ::kill(writer, SIGKILL);
     ::waitpid(writer, nullptr, 0);

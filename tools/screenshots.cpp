@@ -5,6 +5,7 @@
 #include "appearance/frmThemes.h"
 #include "editor/frmMain.h"
 #include "editor/frmToolbox.h"
+#include "forms/style.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
 #include "panels/frmLinks.h"
@@ -103,9 +104,14 @@ void takeTheme(frmMain &main, const QString &theme, const QString &out) {
 }
 
 int run(const QStringList &words) {
-  if (words.size() != 3) {
-    std::fputs("usage: screenshots FILE.txt OUT\n", stderr);
+  if (words.size() != 3 && words.size() != 4) {
+    std::fputs("usage: screenshots FILE.txt OUT [POINTS]\n", stderr);
     return EXIT_FAILURE;
+  }
+  if (words.size() == 4) { // as a desktop with a font of that size
+    QFont font = QApplication::font();
+    font.setPointSizeF(words[3].toDouble());
+    QApplication::setFont(font);
   }
   frmMain main;
   main.resize(1120, 800);
@@ -127,6 +133,6 @@ int run(const QStringList &words) {
 int main(int argc, char *argv[]) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  vnb::useStyle();
   return vnb::run(QApplication::arguments());
 }

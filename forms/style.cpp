@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "forms/style.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleOption>
+
+namespace vnb {
+namespace {
+
+class Style : public QProxyStyle {
+public:
+  Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override {
+    if (element == PE_Frame && qobject_cast<const QAbstractScrollArea *>(widget) != nullptr)
+      paintFrame(*painter, option->rect, border(option->palette));
+    else
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+
+private:
+  /// As Fusion's own controls have it.
+  static QColor border(const QPalette &palette) {
+    return palette.color(QPalette::Window).darker(140).lighter(108);
+  }
+};
+
+} // namespace
+
+void useStyle() {
+  QApplication::setStyle(new Style);
+}
+
+void paintFrame(QPainter &painter, const QRect &rect, const QColor &colour, int width) {
+  painter.fillRect(rect.left(), rect.top(), rect.width(), width, colour);
+  painter.fillRect(rect.left(), rect.bottom() + 1 - width, rect.width(), width, colour);
+  painter.fillRect(rect.left(), rect.top(), width, rect.height(), colour);
+  painter.fillRect(rect.right() + 1 - width, rect.top(), width, rect.height(), colour);
+}
+
+} // namespace vnb
