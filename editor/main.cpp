@@ -18,6 +18,8 @@ int main(int argc, char *argv[]) {
   QApplication application(argc, argv);
   useStyle();
   QApplication::setApplicationDisplayName({});
+  // By it the desktop finds the program's name and icon for its windows.
+  QApplication::setDesktopFileName(QStringLiteral("org.example.vantry_network_builder"));
   QApplication::setWindowIcon(QIcon(LoadResPicture(QStringLiteral("ICON"))));
   showMessageBox = showMessageWindow;
   // Qt's own file and colour dialogs would otherwise keep notes of their own.

@@ -24,11 +24,18 @@ namespace vnb {
 
 using Palette = QHash<QString, QString>;
 
-/// What a theme makes of the drawn sources.
+/// What a theme or the desktop makes of the drawn sources.
 struct Look {
   Palette palette;
   /// Clear unless given. A theme's pictures are opaque, so that no line shows through a device.
   QColor background = Qt::transparent;
+  /// Of the only picture; 0 stands for the drawn size, twice and three times that.
+  int width = 0;
+};
+
+struct Scale {
+  double factor;
+  QString suffix;
 };
 
 struct Layer {
@@ -97,24 +104,31 @@ void loadSvg(QSvgRenderer &renderer, const QString &path, const Palette &palette
   }
 }
 
+QList<Scale> scales(const QSize &drawn, const Look &look) {
+  if (look.width != 0) {
+    return {{static_cast<double>(look.width) / drawn.width(), {}}};
+  }
+  return {{1, {}}, {2, "@2x"}, {3, "@3x"}};
+}
+
 // The first layer gives the size of the picture.
 void writePictures(const QString &outStem, const QList<Layer> &layers, const Look &look) {
   QSvgRenderer base;
   loadSvg(base, layers.first().svgPath, look.palette);
   const QSize size = base.defaultSize();
+  if (size.isEmpty()) {
+    fail(layers.first().svgPath + ": has no usable size");
+  }
   const QImage::Format format = look.background == Qt::transparent
                                     ? QImage::Format_ARGB32_Premultiplied
                                     : QImage::Format_RGB32;
 
-  for (const int scale : {1, 2, 3}) {
-    QImage image(size * scale, format);
-    if (image.isNull()) {
-      fail(layers.first().svgPath + ": has no usable size");
-    }
+  for (const Scale &scale : scales(size, look)) {
+    QImage image(size * scale.factor, format);
     image.fill(look.background);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(scale, scale);
+    painter.scale(scale.factor, scale.factor);
     for (const Layer &layer : layers) {
       QSvgRenderer renderer;
       loadSvg(renderer, layer.svgPath, look.palette);
@@ -122,8 +136,7 @@ void writePictures(const QString &outStem, const QList<Layer> &layers, const Loo
     }
     painter.end();
 
-    const QString suffix = scale == 1 ? QString() : QString("@%1x").arg(scale);
-    const QString outPath = outStem + suffix + ".png";
+    const QString outPath = outStem + scale.suffix + ".png";
     if (!image.save(outPath)) {
       fail(outPath + ": cannot be written");
     }
@@ -154,6 +167,14 @@ void writeSource(const QString &outDir, const QString &svgPath, const Look &look
   }
 }
 
+int readWidth(const QString &text) {
+  const int width = text.toInt();
+  if (width <= 0) {
+    fail("not a width: " + text);
+  }
+  return width;
+}
+
 QColor readColour(const QString &text) {
   static const QRegularExpression form("^#[0-9A-Fa-f]{6}$");
   if (!form.match(text).hasMatch()) {
@@ -163,7 +184,8 @@ QColor readColour(const QString &text) {
 }
 
 [[noreturn]] void failUsage() {
-  fail("usage: renderpictures OUTDIR [--palette FILE] [--background #RRGGBB] SVG...");
+  fail("usage: renderpictures OUTDIR [--palette FILE] [--background #RRGGBB] [--width PIXELS] "
+       "SVG...");
 }
 
 // Empty if the option isn't there.
@@ -187,6 +209,9 @@ Arguments parseArguments(QStringList words) {
   }
   if (const QString colour = takeOption(words, "--background"); !colour.isEmpty()) {
     arguments.look.background = readColour(colour);
+  }
+  if (const QString width = takeOption(words, "--width"); !width.isEmpty()) {
+    arguments.look.width = readWidth(width);
   }
   if (words.size() < 2) {
     failUsage();

@@ -6,6 +6,7 @@ build_packages=(build-essential cmake ninja-build qt6-base-dev qt6-svg-dev)
 # The last group is for the tests that start the program on a display of their own.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev
   clang clang-format clang-tidy libclang-rt-14-dev
+  desktop-file-utils appstream man-db
   xvfb xauth xdotool openbox x11-utils imagemagick fonts-dejavu-core)
 
 is_installed() {
