@@ -9,6 +9,8 @@
 #include <QIcon>
 #include <QSettings>
 
+#include <cstdlib>
+
 int main(int argc, char *argv[]) {
   using namespace vnb;
   // Wayland tells no window's place on the screen, which drags between windows need; a Wayland
@@ -27,8 +29,14 @@ int main(int argc, char *argv[]) {
   // The splash stays hidden to the end: the main window alone ends the program.
   QApplication::setQuitOnLastWindowClosed(false);
   frmMain form;
+  // Before the window shows, the settings have not all been read, and must not be written.
+  const auto end = [&] { form.isVisible() ? void(form.close()) : std::_Exit(EXIT_SUCCESS); };
+  const auto save = [&] {
+    if (form.isVisible())
+      form.saveSettings();
+  };
+  const Termination termination(end, save);
   form.Form_Load();
-  // Not before: what has not been read yet must not be written.
-  const Termination termination([&] { form.close(); }, [&] { form.saveSettings(); });
-  return QApplication::exec();
+  // Without a window, since the user left the start halfway, nothing could end the program.
+  return form.isVisible() ? QApplication::exec() : EXIT_FAILURE;
 }

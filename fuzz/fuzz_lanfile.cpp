@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 /// Any bytes read as a LAN file must end in a sound document, which comes back from its own file.
+#include "fuzz/require.h"
 #include "lanfile/lanfile.h"
 #include "runtime/codepage.h"
 #include "runtime/messagebox.h"
@@ -7,8 +8,6 @@
 #include <QFile>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -16,13 +15,6 @@
 namespace {
 
 using namespace vnb;
-
-void require(bool holds, const char *what) {
-  if (holds)
-    return;
-  std::fprintf(stderr, "broken: %s\n", what);
-  std::abort();
-}
 
 /// A file that lives in memory, under a path that the reader and the writer can open.
 class MemoryFile {

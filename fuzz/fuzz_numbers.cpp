@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 /// Any text taken for a number must have the value that the C library gives it, and come back from
 /// its own text.
+#include "fuzz/require.h"
 #include "runtime/error.h"
 #include "runtime/numbers.h"
 
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <optional>
 #include <string>
 
@@ -16,13 +15,6 @@ using namespace vnb;
 
 constexpr int overflow = static_cast<int>(Fault::Overflow);
 constexpr int typeMismatch = static_cast<int>(Fault::TypeMismatch);
-
-void require(bool holds, const char *what) {
-  if (holds)
-    return;
-  std::fprintf(stderr, "broken: %s\n", what);
-  std::abort();
-}
 
 struct Outcome {
   std::optional<double> value;

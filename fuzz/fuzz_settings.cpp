@@ -2,6 +2,7 @@
 /// Any bytes taken for the settings store must be read with nothing worse than questions, and the
 /// store written from what was read must come back without any.
 #include "appearance/theme.h"
+#include "fuzz/require.h"
 #include "runtime/messagebox.h"
 #include "shell/cdlgex.h"
 #include "shell/settings.h"
@@ -13,20 +14,11 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <set>
 
 namespace {
 
 using namespace vnb;
-
-void require(bool holds, const char *what) {
-  if (holds)
-    return;
-  std::fprintf(stderr, "broken: %s\n", what);
-  std::abort();
-}
 
 /// A window that can be anywhere on a screen of a million pixels.
 class View : public SettingsView {

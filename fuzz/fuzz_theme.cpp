@@ -2,6 +2,7 @@
 /// Any bytes taken for a theme's file must load, or be refused by a RuntimeError.
 #include "appearance/images.h"
 #include "appearance/theme.h"
+#include "fuzz/require.h"
 #include "runtime/error.h"
 
 #include <QApplication>
@@ -10,20 +11,11 @@
 #include <QImage>
 #include <QTemporaryDir>
 
-#include <cstdio>
-#include <cstdlib>
 #include <map>
 
 namespace {
 
 using namespace vnb;
-
-void require(bool holds, const char *what) {
-  if (holds)
-    return;
-  std::fprintf(stderr, "broken: %s\n", what);
-  std::abort();
-}
 
 /// The forms' side of a load: buttons of every tag, nothing else.
 class View : public ThemeView {

@@ -175,7 +175,7 @@ TEST_F(Editor, NoFileLeavesTheWindowUnusable) {
     const Boxes answered(yes(5));
     dialogs.answer = corpus.filePath(name);
     main.picLoad_Click();
-    EXPECT_LE(answered.texts.size(), 6U) << name.toStdString() << ": a No ends it";
+    EXPECT_LT(answered.texts.size(), 20U) << name.toStdString() << ": a few Noes end it";
     EXPECT_FALSE(LoadingFile);
     const std::int32_t count = UBound(Systems);
     main.operations().AddSystem(2, 10, 10, 1, -1, -1, -1, {});

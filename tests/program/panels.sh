@@ -38,14 +38,6 @@ panel() { # MODIFIER KEY TITLE Y
   xdotool windowmove "$window" 640 "$4"
   until_so stands_at "$window" 640 "$4"
 }
-stands_at() { # WINDOW X Y
-  eval "$(xdotool getwindowgeometry --shell "$1")" && [ "$X" -ge "$2" ] && [ "$Y" -ge "$3" ]
-}
-press() { # WINDOW X Y
-  point "$@"
-  xdotool click 1
-  until_so active_is "$1"
-}
 # Selects a device by a point of the surface, which starts below the tool bar.
 device() { press "$main" "$1" $(($2 + 29)); } # X Y
 fill() { # WINDOW X Y TEXT

@@ -62,6 +62,10 @@ active() {
 is_active() { [ "$(active)" = "$(named "$1")" ]; }
 active_is() { [ "$(active)" = "$1" ]; }
 active_is_not() { ! active_is "$1" && active; }
+window_of() { [ -n "$(xdotool search --onlyvisible --pid "$1" --name "^$title")" ]; } # PID
+stands_at() { # WINDOW X Y
+  eval "$(xdotool getwindowgeometry --shell "$1")" && [ "$X" -ge "$2" ] && [ "$Y" -ge "$3" ]
+}
 window_count() { [ "$(visible_windows | wc -l)" -eq "$1" ]; }
 
 # Waits until a window of this title is the active one.
@@ -107,6 +111,11 @@ drag() {                                              # WINDOW X Y WINDOW X Y
   point "$4" $(($5 - 3)) "$6"
   point "$4" "$5" "$6"
   xdotool mouseup 1
+}
+press() { # WINDOW X Y
+  point "$@"
+  xdotool click 1
+  until_so active_is "$1"
 }
 double_click() { # WINDOW X Y
   point "$@"
