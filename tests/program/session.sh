@@ -62,7 +62,7 @@ active() {
 is_active() { [ "$(active)" = "$(named "$1")" ]; }
 active_is() { [ "$(active)" = "$1" ]; }
 active_is_not() { ! active_is "$1" && active; }
-window_of() { [ -n "$(xdotool search --onlyvisible --pid "$1" --name "^$title")" ]; } # PID
+window_of() { [ -n "$(xdotool search --all --onlyvisible --pid "$1" --name "^$title")" ]; } # PID
 stands_at() { # WINDOW X Y
   eval "$(xdotool getwindowgeometry --shell "$1")" && [ "$X" -ge "$2" ] && [ "$Y" -ge "$3" ]
 }
