@@ -3,8 +3,17 @@
 # Switch through the themes with panels open, change the grid and a colour: all of it lasts.
 source "$(dirname "$0")/session.sh" "$@"
 
+themes_folder=$(dirname "$program")/themes
+
 # A picture of the whole screen in the folder that PICTURES names, for whoever wants to look.
 picture() { [ -z "${PICTURES:-}" ] || import -window root "$PICTURES/$1.png"; } # NAME
+
+# The list shows the folders as the file system tells them.
+pick() { # THEME
+  local name
+  xdotool key Home
+  while read -r name && [ "$name" != "$1" ]; do xdotool key Down; done < <(ls -U "$themes_folder")
+}
 
 start_and_wait
 xdotool windowmove "$main" 20 40
@@ -27,7 +36,7 @@ xdotool windowmove "$themes" 60 560
 until_so stands_at "$themes" 60 560
 for theme in light default contrast; do
   press "$themes" 100 170 # the list, below its rows
-  xdotool type --delay 2 "$theme"
+  pick "$theme"
   press "$themes" 364 17
   picture "$theme"
 done
@@ -55,7 +64,7 @@ ended
 
 lasts() {
   local line
-  for line in "Theme=$(dirname "$program")/themes/contrast/theme.xml" GridRes=50 Link=35071; do
+  for line in "Theme=$themes_folder/contrast/theme.xml" GridRes=50 Link=35071; do
     has_line "$store" "$line" || fail "the store lacks $line: $(cat "$store")"
   done
 }
