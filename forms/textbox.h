@@ -21,9 +21,14 @@ public:
   void setContent(const QString &text);
 
 private:
-  void setLimit();
+  class Entry;
+
+  void noteState();
+  void cutToLimit(QString &text, int &cursor) const;
 
   int m_limit;
+  qsizetype m_unselected = 0; // how much of the text an entry leaves in place
+  QString m_given;            // by the program
 };
 
 } // namespace vnb

@@ -258,6 +258,31 @@ TEST_F(Panels, TextsGoStraightIntoTheirRecords) {
   EXPECT_EQ(Device::text("txtData"), u"b");
 }
 
+TEST_F(Panels, WhatIsEnteredHoldsToTheLimit) {
+  auto *box = Device::control<TextBox>("txtFreq0");
+  struct {
+    const char *given;
+    int from, count;
+    const char *entered, *due;
+  } constexpr cases[] = {
+      {"12", 2, 0, "345", "123"},       {"12", 1, 1, "345", "134"},
+      {"123456", 0, 6, "98765", "987"}, {"123456", 1, 4, "xyz", "1x6"},
+      {"123456", 2, 2, "x", "1256"},    {"123456", 6, 0, "7", "123456"},
+  };
+  for (const auto &[given, from, count, entered, due] : cases) {
+    box->setContent(QString::fromLatin1(given));
+    box->setCursorPosition(from);
+    box->setSelection(from, count);
+    box->insert(QString::fromLatin1(entered));
+    EXPECT_EQ(box->text(), QString::fromLatin1(due)) << given << " + " << entered;
+  }
+  box->setContent(QStringLiteral("123456"));
+  box->selectAll();
+  box->insert(QStringLiteral("9"));
+  box->undo();
+  EXPECT_EQ(box->text(), u"123456");
+}
+
 TEST_F(Panels, ALevelIsStoredByItsButton) {
   const std::int32_t hub = add(2);
   select(hub);
