@@ -10,20 +10,6 @@
 namespace vnb::test {
 namespace {
 
-template <class T>
-std::size_t position(T number) {
-  return static_cast<std::size_t>(number);
-}
-
-std::int32_t &field(SystemRec &record, std::size_t index) {
-  return index == 0 ? record.lData1 : index == 1 ? record.lData2 : record.lData3;
-}
-
-/// How many locks a device of this type names.
-std::size_t namedLocks(std::int32_t lType) {
-  return lType == 5 || lType == 8 ? 3 : lType == 10 ? 2 : 0;
-}
-
 /// A number after `gone` has left; nothing if it was that one.
 std::optional<std::int32_t> renumbered(std::int32_t number, std::int32_t gone) {
   if (number == gone)
@@ -32,6 +18,18 @@ std::optional<std::int32_t> renumbered(std::int32_t number, std::int32_t gone) {
 }
 
 } // namespace
+
+std::int32_t &field(SystemRec &record, std::size_t index) {
+  return index == 0 ? record.lData1 : index == 1 ? record.lData2 : record.lData3;
+}
+
+std::size_t namedLocks(std::int32_t lType) {
+  return lType == 5 || lType == 8 ? 3 : lType == 10 ? 2 : 0;
+}
+
+std::string nameOf(std::int32_t lType, std::int32_t device) {
+  return NameFromType(lType, true).toStdString() + " " + std::to_string(device);
+}
 
 NaiveDocument NaiveDocument::fresh() {
   NaiveDocument document;
@@ -53,8 +51,10 @@ NaiveDocument NaiveDocument::any(std::mt19937 &random) {
   const auto below = [&](int bound) {
     return static_cast<std::int32_t>(random() % static_cast<unsigned>(bound));
   };
+  const auto anyLevel = [&] { return below(8) == 0 ? 7 : 1 + below(3); };
   NaiveDocument document = fresh();
   document.header.NAME = QStringLiteral("LAN %1").arg(below(1000));
+  document.header.XPOS = below(20000) - 10000;
   document.systems[0].lX = below(900) - 100;
   const int count = 6 + below(8);
   for (int i = 1; i <= count; ++i) {
@@ -62,7 +62,7 @@ NaiveDocument NaiveDocument::any(std::mt19937 &random) {
     record.lType = std::array{0, 2, 5, 8, 9, 9, 10, 11, 14, 16}[position(below(10))];
     record.lX = below(700) - 60;
     record.lY = below(700) - 60;
-    record.lSecur = 1 + below(3);
+    record.lSecur = 1 + below(3); // no other comes out of a file
     for (std::int32_t *data : {&record.lData1, &record.lData2, &record.lData3})
       *data = below(count + 1) - (below(3) == 0 ? 1 : 0);
     if (record.lType == SystemType::Modem)
@@ -77,7 +77,7 @@ NaiveDocument NaiveDocument::any(std::mt19937 &random) {
                               .lTo = any(),
                               .dToX = below(5) / 4.,
                               .dToY = below(5) / 4.,
-                              .lSecur = 1 + below(3)});
+                              .lSecur = anyLevel()});
   for (int i = below(8); i > 0; --i)
     document.subnets.push_back({.lFor = any(), .lFrom = any()});
   for (int i = below(4); i > 0; --i)
@@ -95,6 +95,7 @@ void NaiveDocument::swapWithProgram() {
 
 NaiveModel::NaiveModel() {
   clear();
+  refillLockBoxes();
 }
 
 QSize NaiveModel::sizeOf(std::int32_t device) const {
@@ -172,16 +173,8 @@ void NaiveModel::select(std::int32_t device, Colour colour) {
   frame(device, colour, device);
   plainLines();
   fillDevicePanel();
-  if (const auto links = linksOf(device); linkPanelShown && !links.empty())
-    lines[position(links.front())].colour = LinkSelColor;
-  for (std::int32_t i = 0; i <= UBound(document.systems); ++i)
-    for (std::size_t entry = 1; entry < document.subnets.size(); ++entry)
-      if (i != device && document.subnets[entry].lFor == device &&
-          document.subnets[entry].lFrom == i) {
-        tags[position(i)] = SpriteTag::GreenDk;
-        highlight(i, SubnetColor);
-        break;
-      }
+  fillLinkPanel();
+  fillSubnetPanel();
 }
 
 void NaiveModel::deselect() {
@@ -190,73 +183,21 @@ void NaiveModel::deselect() {
   wipeAll();
   plainLines();
   selected = -1;
+  createDevicePanel();
+  createLinkPanel();
+  createSubnetPanel();
+  showNoDevice();
 }
 
-// The device panel.
-
-void NaiveModel::refillLockBoxes() {
-  m_lockRows.clear();
-  for (std::int32_t i = 0; i <= UBound(document.systems); ++i)
-    if (document.systems[position(i)].lType == 9)
-      m_lockRows.push_back(i);
-  for (std::size_t box = 0; box < m_boxes.size(); ++box) {
-    m_boxes[box].row = m_boxes[box].none ? 0 : -1;
-    if (m_boxes[box].none)
-      dropFrames(box);
+void NaiveModel::showNoDevice() {
+  if (devicePanel) {
+    devicePanel->device = false;
+    devicePanel->group = -1;
   }
-}
-
-void NaiveModel::dropFrames(std::size_t box) {
-  for (std::size_t i = 0; i < tags.size(); ++i)
-    if (tags[i] == yellowTag(static_cast<std::int32_t>(box))) {
-      tags[i] = SpriteTag::None;
-      layers[i] = {};
-    }
-}
-
-void NaiveModel::fillDevicePanel() {
-  SystemRec &record = document.systems[position(selected)];
-  if (record.lType == 9 && m_locked != (record.lData1 != 0)) {
-    m_locked = !m_locked;
-    record.lData1 = m_locked ? 1 : 0;
-  }
-  const std::size_t first = record.lType == 10 ? 3 : 0;
-  const SystemRec before = record;
-  for (std::size_t i = 0; i < namedLocks(record.lType); ++i) {
-    SystemRec copy = before;
-    choose(first + i, field(copy, i));
-  }
-}
-
-void NaiveModel::choose(std::size_t box, std::int32_t number) {
-  std::vector<std::int32_t> values = m_lockRows;
-  if (m_boxes[box].none)
-    values.insert(values.begin(), 0);
-  if (values.empty())
-    return;
-  if (number == -1)
-    return putBox(box, m_boxes[box].none ? 0 : -1);
-  putBox(box, -1);
-  for (std::size_t row = 0; row < values.size(); ++row)
-    if (values[row] == number)
-      putBox(box, static_cast<int>(row));
-}
-
-/// The box acts when it comes to another row.
-void NaiveModel::putBox(std::size_t box, int row) {
-  if (std::exchange(m_boxes[box].row, row) == row || row < 0 || selected == -1)
-    return;
-  const bool none = m_boxes[box].none && row == 0;
-  const std::int32_t lock = none ? -1 : m_lockRows[position(row - (m_boxes[box].none ? 1 : 0))];
-  dropFrames(box);
-  if (!none) {
-    if (!highlight(lock, LockColor)) {
-      boxes.emplace_back("340 frmDevice.cboLock_Click");
-      return;
-    }
-    tags[position(lock)] = yellowTag(static_cast<std::int32_t>(box));
-  }
-  field(document.systems[position(selected)], m_boxes[box].field) = lock;
+  if (linkPanel)
+    linkPanel->device = false;
+  if (subnetPanel)
+    subnetPanel->device = false;
 }
 
 // Gestures.
@@ -294,7 +235,7 @@ void NaiveModel::doubleClick(std::int32_t device) {
 
 void NaiveModel::hover(std::int32_t device, QPoint at) {
   const SystemRec &record = document.systems[position(device)];
-  status = NameFromType(record.lType, true).toStdString() + " " + std::to_string(device);
+  status = nameOf(record.lType, device);
   if (band && band->end)
     band->end = QPoint(record.lX, record.lY) + at;
 }
@@ -394,6 +335,7 @@ void NaiveModel::clear() {
   wipeAll();
   lines.assign(1, {0, 0, 0, 0, LinkColor});
   band.reset();
+  showNoDevice();
 }
 
 void NaiveModel::open(const NaiveDocument &file) {
@@ -403,6 +345,7 @@ void NaiveModel::open(const NaiveDocument &file) {
   lines.assign(document.links.size(), {0, 0, 0, 0, LinkColor});
   layAllLines();
   refillLockBoxes();
+  showHeader();
 }
 
 } // namespace vnb::test

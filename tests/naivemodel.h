@@ -6,6 +6,7 @@
 #include "appearance/globals.h"
 #include "diagram/sprite.h"
 #include "document/modDeclares.h"
+#include "naivepanels.h"
 
 #include <optional>
 #include <random>
@@ -13,6 +14,18 @@
 #include <vector>
 
 namespace vnb::test {
+
+template <class T>
+std::size_t position(T number) {
+  return static_cast<std::size_t>(number);
+}
+
+/// `lData1` to `lData3` by 0 to 2.
+std::int32_t &field(SystemRec &record, std::size_t index);
+/// How many locks a device of this type names.
+std::size_t namedLocks(std::int32_t lType);
+/// "Main server 3".
+std::string nameOf(std::int32_t lType, std::int32_t device);
 
 struct NaiveDocument {
   LanHeaderRec header;
@@ -52,7 +65,11 @@ public:
   std::vector<NaiveLine> lines;
   std::optional<NaiveBand> band; // while a link is drawn
   std::string status;
-  bool linkPanelShown = false;
+  /// The panels that exist.
+  std::optional<NaiveDevicePanel> devicePanel;
+  std::optional<NaiveLinkPanel> linkPanel;
+  std::optional<NaiveSubnetPanel> subnetPanel;
+  std::optional<NaiveInfoPanel> infoPanel;
   /// Message boxes that the last step must have brought, in the short form of Boxes.
   std::vector<std::string> boxes;
 
@@ -72,12 +89,35 @@ public:
   void clear();
   void open(const NaiveDocument &file);
 
+  // What the user does with a panel that is shown.
+  void showDevicePanel();
+  void showLinkPanel();
+  void showSubnetPanel();
+  void showInfoPanel();
+  void typeData(const std::string &text);
+  void typePhone(const std::string &text);
+  void typeFrequency(std::size_t box, const std::string &text, std::int32_t value);
+  void pickDeviceLevel(int level);
+  void tickLocked(bool locked);
+  /// The box acts when it comes to another row.
+  void putBox(std::size_t box, int row);
+  void pickLink(int row);
+  /// `inBoxes` is what the boxes say, nothing if one of them is no number.
+  void pickPosition(int spot, std::optional<std::pair<double, double>> inBoxes);
+  void pickLinkLevel(int level);
+  void removePickedLink();
+  void pickSubnet(int row);
+  void addSubnet();
+  void removeSubnet();
+  void typeHeader(std::size_t box, const std::string &text, std::int32_t value);
+
   QSize sizeOf(std::int32_t device) const;
   std::vector<std::int32_t> linksOf(std::int32_t device) const;
 
 private:
   void select(std::int32_t device, Colour colour);
   void deselect();
+  void showNoDevice();
   /// False, and an error noted, for a device that isn't there.
   bool highlight(std::int32_t device, Colour colour);
   void frame(std::int32_t device, Colour colour, std::int32_t number);
@@ -87,22 +127,21 @@ private:
   void laySecondEnd(std::size_t link);
   void layAllLines();
 
-  // The device panel, whose fill acts on the record and on the frames of locks.
-  void refillLockBoxes();
+  // The fills of the panels, which act on records, frames and lines.
+  void createDevicePanel();
   void fillDevicePanel();
+  void fillCommon();
+  void fillGroup();
+  void refillLockBoxes();
   void choose(std::size_t box, std::int32_t number);
-  void putBox(std::size_t box, int row);
   void dropFrames(std::size_t box);
-
-  struct LockBox {
-    bool none; // whether its first row is "None"
-    std::size_t field;
-    int row;
-  };
-  std::vector<LockBox> m_boxes{
-      {false, 0, -1}, {true, 1, 0}, {true, 2, 0}, {false, 0, -1}, {false, 1, -1}};
-  std::vector<std::int32_t> m_lockRows;
-  bool m_locked = true; // the tick of the panel
+  void createLinkPanel();
+  void fillLinkPanel();
+  void fillLinkList();
+  LinkRec *pickedLink();
+  void createSubnetPanel();
+  void fillSubnetPanel();
+  void showHeader();
 };
 
 } // namespace vnb::test

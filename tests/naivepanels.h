@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+/// What the four panels show, as plain values, and how it reads.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vnb::test {
+
+struct NaiveRow {
+  std::string text;
+  std::int32_t number;
+};
+
+struct NaiveLockBox {
+  bool none; // whether its first row is "None"
+  std::size_t field;
+  int row = -1;
+  std::vector<std::string> rows{};
+};
+
+struct NaiveDevicePanel {
+  bool shown = false;  // the window, on screen
+  bool device = false; // rather than "No Device Selected"
+  int group = -1;
+  std::string data, phone;
+  int level = -1; // which button is down
+  bool locked = true;
+  std::vector<NaiveLockBox> boxes{{false, 0}, {true, 1}, {true, 2}, {false, 0}, {false, 1}};
+  std::array<std::string, 2> frequency;
+};
+
+struct NaiveLinkPanel {
+  bool shown = false;
+  bool device = false;
+  std::string heading = "Links for #####:";
+  std::vector<NaiveRow> rows;
+  int row = -1;
+  int spot = 8;
+  std::string x = "0.5", y = "0.5";
+  int level = -1;
+};
+
+struct NaiveList {
+  std::vector<NaiveRow> rows;
+  int row = -1;
+};
+
+struct NaiveSubnetPanel {
+  bool shown = false;
+  bool device = false;
+  std::string heading = "Valid subnets for #####:";
+  NaiveList subnets, systems;
+};
+
+struct NaiveInfoPanel {
+  bool shown = false;
+  std::array<std::string, 5> texts; // by HeaderField
+};
+
+std::string describe(const NaiveDevicePanel &panel);
+std::string describe(const NaiveLinkPanel &panel);
+std::string describe(const NaiveSubnetPanel &panel);
+std::string describe(const NaiveInfoPanel &panel);
+
+} // namespace vnb::test

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+/// One run of the program beside its naive model: every step is done to both.
+#pragma once
+
+#include "editor/contextmenu.h"
+#include "editor/frmMain.h"
+#include "editor/frmToolbox.h"
+#include "model.h"
+#include "naivemodel.h"
+#include "support.h"
+
+#include <QComboBox>
+
+#include <sstream>
+
+namespace vnb::test {
+
+/// How far a document grows, so that steps meet often.
+inline constexpr std::size_t mostDevices = 24;
+inline constexpr std::size_t mostOthers = 40;
+
+class Dice {
+public:
+  explicit Dice(const Step &step) : m_step(step) {}
+
+  /// 0 to `bound` - 1, by the next die.
+  std::int32_t below(std::size_t bound) {
+    return static_cast<std::int32_t>(m_step.dice[m_next++ % m_step.dice.size()] % bound);
+  }
+  std::int32_t below(int bound) { return below(position(bound)); }
+  QPoint in(QSize size) {
+    const int x = below(size.width());
+    return {x, below(size.height())};
+  }
+
+private:
+  const Step &m_step;
+  std::size_t m_next = 0;
+};
+
+template <class... Values>
+std::string text(const Values &...values) {
+  std::ostringstream out;
+  (out << ... << values);
+  return out.str();
+}
+
+/// Pictures and colours, without a theme.
+struct Look {
+  Look();
+};
+
+/// The program and its model, and what each step does to both. A step returns what it was, in
+/// words; "" for one that means nothing in this document.
+class Session {
+public:
+  Session();
+  ~Session();
+  Session(const Session &) = delete;
+  Session &operator=(const Session &) = delete;
+
+  /// Does a step by one of the members below.
+  std::string perform(std::string (Session::*what)(Dice), const Step &step);
+  /// The first difference between the program and the model, empty if there is none.
+  std::string difference();
+
+  // What a step may be.
+
+  std::string select(Dice dice);
+  std::string move(Dice dice);
+  std::string doubleClick(Dice dice);
+  std::string hoverDevice(Dice dice);
+  std::string hoverSurface(Dice dice);
+  std::string clickSurface(Dice dice);
+  std::string addByButton(Dice dice);
+  std::string addByDrag(Dice dice);
+  std::string linkAnywhere(Dice dice);
+  std::string listSubnet(Dice dice);
+  std::string addData(Dice dice);
+  std::string guardByLock(Dice dice);
+  std::string retype(Dice dice);
+  std::string removeLink(Dice dice);
+  std::string removeByMenu(Dice dice);
+  std::string removeByKey(Dice dice);
+  std::string startAnew(Dice dice);
+  std::string open(Dice dice);
+  std::string save(Dice dice);
+  std::string scroll(Dice dice);
+  std::string togglePanel(Dice dice);
+  std::string editDevice(Dice dice);
+  std::string editLink(Dice dice);
+  std::string editSubnets(Dice dice);
+  std::string editHeader(Dice dice);
+
+private:
+  std::string differenceInDocument();
+  std::string differenceInSprite(std::int32_t device);
+  std::string differenceInLine(std::int32_t link);
+  std::string differenceInBand();
+  std::string differenceInPanels();
+
+  std::string editGroup(Dice &dice);
+  std::string chooseLock(Dice &dice, int box);
+
+  std::int32_t anyDevice(Dice &dice) { return dice.below(model.document.systems.size()); }
+  void pressDevice(std::int32_t device, Qt::MouseButton button, QPoint grab = {});
+  void release(QPoint global);
+  /// Drops what is dragged on one of the places that there are. Where it counts, returns the place
+  /// that the handler is told.
+  std::optional<QPoint> dropSomewhere(Dice &dice);
+  std::unique_ptr<QMenu> rightClick(std::int32_t device);
+  /// The answer to the next message box.
+  void willAnswer(bool yes);
+  void collectBoxes();
+  std::string afterRemoval(std::int32_t device, bool yes);
+
+  const Folder folder;
+  const Look look;
+  std::optional<Boxes> boxes;
+  std::vector<std::string> shown; // texts of the step's boxes
+  QString answer;                 // that file dialogs give; null to cancel
+  frmMain main;
+  Surface &surface = main.picLayout();
+  ContextMenu contextMenu{main.selection(), main.operations()};
+  QLabel &lblStatus = *main.findChild<QLabel *>(QStringLiteral("lblStatus"));
+  frmToolbox &toolbox = Form<frmToolbox>::instance();
+  QComboBox &cboItem = *toolbox.findChild<QComboBox *>();
+  NaiveModel model;
+  std::vector<NaiveDocument> files;
+};
+
+} // namespace vnb::test

@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: MIT
+// What a user does with the panels.
+#include "forms/numberlist.h"
+#include "forms/picturebutton.h"
+#include "forms/textbox.h"
+#include "panels/frmDevice.h"
+#include "panels/frmLanInfo.h"
+#include "panels/frmLinks.h"
+#include "panels/frmSubnet.h"
+#include "session.h"
+
+#include <QCheckBox>
+#include <QTest>
+
+namespace vnb::test {
+namespace {
+
+/// A text typed, what a box that holds three characters shows of it, and its value there.
+struct TypedNumber {
+  const char *text, *shown;
+  std::int32_t value;
+};
+constexpr std::array<TypedNumber, 12> numbers{{{"5", "5", 5},
+                                               {"05", "05", 5},
+                                               {"", "", 0},
+                                               {"abc", "abc", 0},
+                                               {" 7", " 7", 7},
+                                               {"1.5", "1.5", 2},
+                                               {"2.5", "2.5", 2},
+                                               {"12x", "12x", 12},
+                                               {"-3", "-3", -3},
+                                               {"1e2", "1e2", 100},
+                                               {"12345", "123", 123},
+                                               {"0.4", "0.4", 0}}};
+
+/// The same for a fraction in a box of four; nothing for what is no number.
+struct TypedFraction {
+  const char *text, *shown;
+  std::optional<double> value;
+};
+constexpr std::array<TypedFraction, 9> fractions{{{"0.5", "0.5", .5},
+                                                  {".25", ".25", .25},
+                                                  {"-1", "-1", -1},
+                                                  {"2", "2", 2},
+                                                  {"0.125", "0.12", .12},
+                                                  {"1e1", "1e1", 10},
+                                                  {"x", "x", std::nullopt},
+                                                  {"", "", std::nullopt},
+                                                  {"1,5", "1,5", std::nullopt}}};
+
+constexpr std::array words{"", "x", "Main 5", "a;b", "\xC3\xA9t\xC3\xA9", "12"};
+
+template <class F>
+F &form() {
+  return Form<F>::instance();
+}
+template <class T>
+T &control(const QWidget &panel, const QString &name) {
+  return *panel.findChild<T *>(name);
+}
+
+void type(const QWidget &panel, const QString &name, const char *text) {
+  auto &box = control<TextBox>(panel, name);
+  box.selectAll();
+  if (*text == '\0')
+    QTest::keyClick(&box, Qt::Key_Delete);
+  else
+    box.insert(QString::fromUtf8(text)); // as a key or the clipboard does
+}
+
+void press(const QWidget &panel, const QString &name) {
+  control<QAbstractButton>(panel, name).click();
+}
+
+/// The boxes are read as they stand; what the program itself put there is a number.
+std::optional<double> valueOf(const std::string &shown) {
+  for (const TypedFraction &fraction : fractions)
+    if (fraction.shown == shown)
+      return fraction.value;
+  return std::stod(shown);
+}
+
+} // namespace
+
+std::string Session::togglePanel(Dice dice) {
+  const auto toggle = [this](auto &panel, QWidget &(*window)(), void (frmMain::*openPanel)(),
+                             void (NaiveModel::*show)()) {
+    if (panel && panel->shown) {
+      window().close();
+      panel.reset();
+      return "close";
+    }
+    (main.*openPanel)();
+    (model.*show)();
+    window().move(main.width() + 10, 0);
+    return "show";
+  };
+  switch (dice.below(4)) {
+  case 0:
+    return text(toggle(
+                    model.devicePanel, []() -> QWidget & { return form<frmDevice>(); },
+                    &frmMain::picDevice_Click, &NaiveModel::showDevicePanel),
+                " the device panel");
+  case 1:
+    return text(toggle(
+                    model.linkPanel, []() -> QWidget & { return form<frmLinks>(); },
+                    &frmMain::picLink_Click, &NaiveModel::showLinkPanel),
+                " the link panel");
+  case 2:
+    return text(toggle(
+                    model.subnetPanel, []() -> QWidget & { return form<frmSubnet>(); },
+                    &frmMain::picSubnet_Click, &NaiveModel::showSubnetPanel),
+                " the subnet panel");
+  default:
+    return text(toggle(
+                    model.infoPanel, []() -> QWidget & { return form<frmLanInfo>(); },
+                    &frmMain::picInfo_Click, &NaiveModel::showInfoPanel),
+                " the LAN information panel");
+  }
+}
+
+std::string Session::editDevice(Dice dice) {
+  if (!model.devicePanel || !model.devicePanel->shown || !model.devicePanel->device)
+    return {};
+  const int what = dice.below(4);
+  if (what == 0) {
+    const char *const word = words[position(dice.below(words.size()))];
+    if (model.document.data.size() >= mostOthers)
+      return {};
+    type(form<frmDevice>(), QStringLiteral("txtData"), word);
+    model.typeData(word);
+    return text("type '", word, "' as extra information");
+  }
+  if (what == 1) {
+    const int level = dice.below(3);
+    press(form<frmDevice>(), QStringLiteral("optSecur%1").arg(level));
+    model.pickDeviceLevel(level);
+    return text("pick level ", level + 1);
+  }
+  return editGroup(dice);
+}
+
+std::string Session::editGroup(Dice &dice) {
+  const frmDevice &panel = form<frmDevice>();
+  switch (model.devicePanel->group) {
+  case 0: {
+    auto &chkLocked = control<QCheckBox>(panel, QStringLiteral("chkLocked"));
+    chkLocked.click();
+    model.tickLocked(chkLocked.isChecked());
+    return "click Locked";
+  }
+  case 1:
+    return chooseLock(dice, dice.below(3));
+  case 2: {
+    const char *const number = words[position(dice.below(words.size()))];
+    type(panel, QStringLiteral("txtPhone"), number);
+    model.typePhone(number);
+    return text("type phone number '", number, "'");
+  }
+  case 3:
+    return chooseLock(dice, 3 + dice.below(2));
+  case 4: {
+    const int box = dice.below(2);
+    const TypedNumber &number = numbers[position(dice.below(numbers.size()))];
+    type(panel, QStringLiteral("txtFreq%1").arg(box), number.text);
+    model.typeFrequency(position(box), number.shown, number.value);
+    return text("type '", number.text, "' as frequency ", box);
+  }
+  default:
+    return {};
+  }
+}
+
+std::string Session::chooseLock(Dice &dice, int box) {
+  auto &cboLock = control<QComboBox>(form<frmDevice>(), QStringLiteral("cboLock%1").arg(box));
+  if (cboLock.count() == 0)
+    return {};
+  const int row = dice.below(cboLock.count());
+  cboLock.setCurrentIndex(row);
+  model.putBox(position(box), row);
+  return text("choose row ", row, " in lock box ", box);
+}
+
+std::string Session::editLink(Dice dice) {
+  if (!model.linkPanel || !model.linkPanel->shown || !model.linkPanel->device)
+    return {};
+  const frmLinks &panel = form<frmLinks>();
+  NaiveLinkPanel &due = *model.linkPanel;
+  switch (dice.below(6)) {
+  case 0: {
+    if (due.rows.empty())
+      return {};
+    const int row = dice.below(due.rows.size());
+    control<NumberList>(panel, QStringLiteral("lstLinks")).setListIndex(row);
+    model.pickLink(row);
+    return text("pick link row ", row);
+  }
+  case 1: {
+    const TypedFraction &fraction = fractions[position(dice.below(fractions.size()))];
+    const bool across = dice.below(2) == 0;
+    type(panel, across ? QStringLiteral("txtX") : QStringLiteral("txtY"), fraction.text);
+    (across ? due.x : due.y) = fraction.shown;
+    return text("type '", fraction.text, across ? "' as X" : "' as Y");
+  }
+  case 2: {
+    const int level = dice.below(3);
+    press(panel, QStringLiteral("optSecur%1").arg(level));
+    model.pickLinkLevel(level);
+    return text("pick link level ", level + 1);
+  }
+  case 3: {
+    const bool yes = dice.below(4) != 0;
+    willAnswer(yes);
+    if (due.row != -1)
+      model.boxes.push_back("Are you sure you want to remove the link " +
+                            due.rows[position(due.row)].text.substr(5) + "?");
+    press(panel, QStringLiteral("cmdRemove"));
+    if (due.row != -1 && yes)
+      model.removePickedLink();
+    return text("remove the picked link", yes ? "" : ", no");
+  }
+  default: {
+    const int spot = dice.below(2) == 0 ? 17 : dice.below(17);
+    const std::optional<double> x = valueOf(due.x);
+    const std::optional<double> y = valueOf(due.y);
+    press(panel, QStringLiteral("optPosition%1").arg(spot));
+    model.pickPosition(spot, x && y ? std::optional(std::pair(*x, *y)) : std::nullopt);
+    return text("pick position ", spot);
+  }
+  }
+}
+
+std::string Session::editSubnets(Dice dice) {
+  if (!model.subnetPanel || !model.subnetPanel->shown || !model.subnetPanel->device)
+    return {};
+  const frmSubnet &panel = form<frmSubnet>();
+  NaiveSubnetPanel &due = *model.subnetPanel;
+  const auto pick = [&](const char *name, NaiveList &list, auto act) -> std::string {
+    if (list.rows.empty())
+      return {};
+    const int row = dice.below(list.rows.size());
+    control<NumberList>(panel, QString::fromLatin1(name)).setListIndex(row);
+    act(row);
+    return text("pick row ", row, " of ", name);
+  };
+  switch (dice.below(4)) {
+  case 0:
+    return pick("lstSubnets", due.subnets, [&](int row) { model.pickSubnet(row); });
+  case 1:
+    return pick("lstSystems", due.systems, [&](int row) { due.systems.row = row; });
+  case 2:
+    if (model.document.subnets.size() >= mostOthers)
+      return {};
+    QTest::mouseClick(&control<PictureButton>(panel, QStringLiteral("picAdd")), Qt::LeftButton);
+    model.addSubnet();
+    return "add the picked system";
+  default:
+    QTest::mouseClick(&control<PictureButton>(panel, QStringLiteral("picRemove")), Qt::LeftButton);
+    model.removeSubnet();
+    return "remove the picked subnet";
+  }
+}
+
+std::string Session::editHeader(Dice dice) {
+  if (!model.infoPanel || !model.infoPanel->shown)
+    return {};
+  constexpr std::array names{"txtName", "txtCompany", "txtIP", "txtX", "txtY"};
+  const std::size_t box = position(dice.below(names.size()));
+  const TypedNumber &number = numbers[position(dice.below(numbers.size()))];
+  const char *const typed = box < 3 ? words[position(dice.below(words.size()))] : number.text;
+  type(form<frmLanInfo>(), QString::fromLatin1(names[box]), typed);
+  model.typeHeader(box, box < 3 ? typed : number.shown, number.value);
+  return text("type '", typed, "' in ", names[box]);
+}
+
+} // namespace vnb::test
