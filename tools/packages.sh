@@ -2,7 +2,8 @@
 # The Debian packages that ./run and ./test need, in one place; to be sourced.
 # shellcheck shell=bash
 
-build_packages=(build-essential cmake ninja-build qt6-base-dev qt6-svg-dev)
+# CPack asks `file` which of the installed files are programs.
+build_packages=(build-essential cmake ninja-build qt6-base-dev qt6-svg-dev file)
 # The last group is for the tests that start the program on a display of their own.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev
   clang clang-format clang-tidy libclang-rt-14-dev
