@@ -3,7 +3,9 @@
 // screen, and for tests that compare what is drawn.
 
 #include "appearance/images.h"
+#include "appearance/theme.h"
 #include "diagram/operations.h"
+#include "runtime/error.h"
 #include "runtime/messagebox.h"
 
 #include <QApplication>
@@ -16,6 +18,22 @@ namespace vnb {
 namespace {
 
 constexpr int usageError = 2;
+
+/// What a theme changes of a surface that stands alone.
+class SurfaceTheme : public ThemeView {
+public:
+  explicit SurfaceTheme(Surface &surface) : m_surface(surface) {}
+
+  void linkColorChanged() override {} // no line is there yet
+  void UpdateColors() override { m_surface.setBackColor(BackgroundColor); }
+  void loadButtonImages(const QString & /*tag*/, const QString & /*files*/) override {}
+  void deviceImagesChanged() override {
+    m_surface.picSystem(0).setPicture(DeviceImages(SystemType::Router));
+  }
+
+private:
+  Surface &m_surface;
+};
 
 /// Reads the file as the editor does. False if anything was reported.
 bool read(const QString &path, DiagramOperations &operations) {
@@ -55,12 +73,16 @@ int run(const QStringList &words) {
     std::fputs("usage: render [--crop] FILE.txt OUT.png\n", stderr);
     return usageError;
   }
-  GridColor = 0x404040;
-  GridRes = 20;
-  LinkColor = 0xE48257;
-  LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
   Surface surface(nullptr);
-  surface.picSystem(0).setPicture(DeviceImages(SystemType::Router));
+  SurfaceTheme theme(surface);
+  try {
+    LoadTheme(QStringLiteral("default"), theme);
+  } catch (const RuntimeError &error) {
+    std::fprintf(stderr, "%s: %s\n", qUtf8Printable(ThemeFile),
+                 qUtf8Printable(error.description()));
+    return EXIT_FAILURE;
+  }
+  GridRes = 20;
   DiagramOperations operations(surface);
   if (!read(words[words.size() - 2], operations))
     return EXIT_FAILURE;
