@@ -72,7 +72,7 @@ frmThemes::frmThemes() : FormWindow("frmThemes", "Themes", {7125, 3195}) {
                            {1635, 75, 2550, 195});
   auto *cmdSwitch =
       addCaptioned<QPushButton>(*this, "cmdSwitch", "Switch (temp button)", {4260, 75, 2415, 360});
-  const QLabel *available = addLabel(*this, QStringLiteral("lblAvailable"),
+  QLabel *available = addLabel(*this, QStringLiteral("lblAvailable"),
                                      QStringLiteral("Available themes:"), {75, 345, 1695, 195});
   m_lstThemes = add<QListWidget>(*this, QStringLiteral("lstThemes"));
   place(*m_lstThemes, 120, 660, 2970, 2370);
@@ -81,7 +81,7 @@ frmThemes::frmThemes() : FormWindow("frmThemes", "Themes", {7125, 3195}) {
       addLabel(*this, QStringLiteral("lblName"), QStringLiteral("Name:"), {3210, 660, 3870, 195});
   m_lblAuthor = addLabel(*this, QStringLiteral("lblAuthor"), QStringLiteral("Author: "),
                          {3210, 930, 3870, 195});
-  const QLabel *description = addLabel(*this, QStringLiteral("lblDesc"),
+  QLabel *description = addLabel(*this, QStringLiteral("lblDesc"),
                                        QStringLiteral("Description:"), {3210, 1200, 1140, 195});
   m_txtDescription = add<QPlainTextEdit>(*this, QStringLiteral("txtDescription"));
   m_txtDescription->setReadOnly(true);

@@ -34,6 +34,9 @@ Viewport::Viewport(QWidget &form)
 QScrollBar *Viewport::bar(QWidget &form, Qt::Orientation orientation, const char *name) {
   auto *result = new QScrollBar(orientation, &form);
   result->setObjectName(QString::fromLatin1(name));
+  result->setAccessibleName(orientation == Qt::Horizontal
+                                ? QStringLiteral("Layout, left to right")
+                                : QStringLiteral("Layout, top to bottom"));
   result->setSingleStep(1);
   result->setPageStep(100);
   setMaximum(*result, Surface::size);

@@ -13,11 +13,12 @@ QLabel *addLabel(QWidget &parent, const QString &name, const QString &text, Plac
   return label;
 }
 
-void describe(QWidget &control, const QLabel &label) {
+void describe(QWidget &control, QLabel &label) {
   QString name = label.text().simplified();
   if (name.endsWith(u':'))
     name.chop(1);
   control.setAccessibleName(name);
+  label.setBuddy(&control);
 }
 
 } // namespace vnb

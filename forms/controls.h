@@ -37,7 +37,7 @@ T *addCaptioned(QWidget &parent, const char *name, const char *caption, Place at
 QLabel *addLabel(QWidget &parent, const QString &name, const QString &text, Place at,
                  Qt::Alignment alignment = Qt::AlignLeft);
 
-/// Names `control` for assistive technology after the text of its label.
-void describe(QWidget &control, const QLabel &label);
+/// Names `control` for assistive technology after the text of its label, and ties it to the label.
+void describe(QWidget &control, QLabel &label);
 
 } // namespace vnb

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/form.h"
 
+#include "forms/accessible.h"
 #include "runtime/twips.h"
 
 #include <QCloseEvent>
@@ -22,6 +23,7 @@ QFont formFont(qreal pointSize) {
 }
 
 FormWindow::FormWindow(const char *name, const char *caption, QSize client) {
+  describeForms();
   setObjectName(QString::fromLatin1(name));
   setWindowTitle(QString::fromLatin1(caption));
   setFont(formFont(8.25));

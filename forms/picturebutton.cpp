@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/picturebutton.h"
 
+#include "forms/accessible.h"
 #include "forms/pictures.h"
 
 #include <QKeyEvent>
@@ -19,6 +20,7 @@ void fire(const std::function<void()> &handler) {
 
 PictureButton::PictureButton(QWidget *parent, const QString &tag)
     : QWidget(parent), m_tag(tag), m_picture(LoadResPicture(tag)) {
+  describeForms();
   setMouseTracking(true);
   setFocusPolicy(Qt::TabFocus);
 }

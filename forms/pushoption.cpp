@@ -9,6 +9,7 @@ namespace vnb {
 
 PushOption::PushOption(QWidget *parent) : QAbstractButton(parent) {
   setCheckable(true);
+  setAutoExclusive(true); // so that assistive technology takes it for a radio button
   setFocusPolicy(Qt::StrongFocus);
 }
 

@@ -84,7 +84,7 @@ frmLanInfo::frmLanInfo() : FormWindow("frmLanInfo", "LAN Info", {4245, 1500}) {
            {60, 1170, 1800, 195});
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const FieldRow &row = rows[i];
-    const QLabel *label = addLabel(*this, QString::fromLatin1(row.label),
+    QLabel *label = addLabel(*this, QString::fromLatin1(row.label),
                                    QString::fromLatin1(row.caption), row.labelAt);
     m_boxes[i] = add<TextBox>(*this, QString::fromLatin1(row.box), row.limit);
     place(*m_boxes[i], row.boxAt.left, row.boxAt.top, row.boxAt.width, row.boxAt.height);

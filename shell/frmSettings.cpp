@@ -39,7 +39,7 @@ const std::array<SwatchRow, 7> swatches{{
 
 frmSettings::frmSettings() : FormWindow("frmSettings", "Settings", {5295, 1650}) {
   m_chkGrid = addCaptioned<QCheckBox>(*this, "chkGrid", "Draw Grid", {105, 105, 1140, 180});
-  const QLabel *lblGridRes =
+  QLabel *lblGridRes =
       addLabel(*this, QStringLiteral("lblGridRes"), QStringLiteral("Grid resolution (px):"),
                {390, 360, 1650, 180});
   m_txtGridRes = add<TextBox>(*this, QStringLiteral("txtGridRes"), 3);
@@ -61,7 +61,7 @@ void frmSettings::addSwatches() {
   for (std::size_t i = 0; i < swatches.size(); ++i) {
     const SwatchRow &row = swatches[i];
     const QString index = QString::number(i);
-    const QLabel *label =
+    QLabel *label =
         addLabel(*this, QStringLiteral("lblColor") + index, QString::fromLatin1(row.caption),
                  {row.labelLeft, row.labelTop, row.labelWidth, 180}, Qt::AlignRight);
     m_picColor[i] = add<Swatch>(*this, QStringLiteral("picColor") + index);

@@ -97,21 +97,22 @@ TEST_F(AccessibleSurface, ActionsDoWhatThePointerDoes) {
   EXPECT_THAT(actions, ElementsAre(u"Press", u"ShowMenu", u"link"));
 }
 
-/// The controls of `window` that the keyboard or pointer can reach but no name tells.
-Words nameless(QWidget &window) {
+/// The controls of `window` that the keyboard can reach but no name tells, or no role.
+Words unknown(QWidget &window) {
   Words found;
   for (QWidget *control : window.findChildren<QWidget *>()) {
     if (control->focusPolicy() == Qt::NoFocus || control->window() != &window ||
         control->objectName().startsWith(QStringLiteral("qt_")))
       continue;
-    if (name(QAccessible::queryAccessibleInterface(control)).empty())
+    QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(control);
+    if (name(interface).empty() || interface->role() == QAccessible::Client)
       found.push_back(window.objectName().toStdString() + "." +
                       control->objectName().toStdString());
   }
   return found;
 }
 
-TEST(AccessibleControls, EachHasAName) {
+TEST(AccessibleControls, EachHasANameAndARole) {
   frmMain main;
   const std::vector<QWidget *> windows{&main,
                                        &Form<frmToolbox>::instance(),
@@ -123,9 +124,33 @@ TEST(AccessibleControls, EachHasAName) {
                                        &Form<frmSettings>::instance(),
                                        &Form<frmAbout>::instance()};
   for (QWidget *window : windows)
-    EXPECT_THAT(nameless(*window), IsEmpty());
+    EXPECT_THAT(unknown(*window), IsEmpty());
   Form<frmThemes>::unload();
   Form<frmSettings>::unload();
+}
+
+TEST_F(AccessibleSurface, ControlsHaveTheirRolesAndActions) {
+  const auto of = [](QWidget &window, const char *control) {
+    return QAccessible::queryAccessibleInterface(
+        window.findChild<QWidget *>(QString::fromLatin1(control)));
+  };
+  auto &device = Form<frmDevice>::instance();
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&main)->role(), QAccessible::Window);
+  main.picDevice_Click();
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&device)->role(), QAccessible::Dialog);
+  EXPECT_EQ(of(device, "optSecur0")->role(), QAccessible::RadioButton);
+  const auto labels = of(device, "cboLock1")->relations(QAccessible::Label);
+  ASSERT_EQ(labels.size(), 1);
+  EXPECT_EQ(name(labels[0].first), "Lock 2:");
+  EXPECT_EQ(of(Form<frmToolbox>::instance(), "picPreview")->role(), QAccessible::Graphic);
+
+  QAccessibleInterface *picNew = of(main, "picNew");
+  EXPECT_EQ(picNew->role(), QAccessible::Button);
+  picNew->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(UBound(Systems), 2) << "not while the caller waits";
+  QCoreApplication::processEvents();
+  EXPECT_EQ(UBound(Systems), 0);
+  Form<frmToolbox>::unload();
 }
 
 } // namespace
