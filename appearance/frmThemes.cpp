@@ -73,7 +73,7 @@ frmThemes::frmThemes() : FormWindow("frmThemes", "Themes", {7125, 3195}) {
   auto *cmdSwitch =
       addCaptioned<QPushButton>(*this, "cmdSwitch", "Switch (temp button)", {4260, 75, 2415, 360});
   QLabel *available = addLabel(*this, QStringLiteral("lblAvailable"),
-                                     QStringLiteral("Available themes:"), {75, 345, 1695, 195});
+                               QStringLiteral("Available themes:"), {75, 345, 1695, 195});
   m_lstThemes = add<QListWidget>(*this, QStringLiteral("lstThemes"));
   place(*m_lstThemes, 120, 660, 2970, 2370);
   describe(*m_lstThemes, *available);
@@ -81,8 +81,8 @@ frmThemes::frmThemes() : FormWindow("frmThemes", "Themes", {7125, 3195}) {
       addLabel(*this, QStringLiteral("lblName"), QStringLiteral("Name:"), {3210, 660, 3870, 195});
   m_lblAuthor = addLabel(*this, QStringLiteral("lblAuthor"), QStringLiteral("Author: "),
                          {3210, 930, 3870, 195});
-  QLabel *description = addLabel(*this, QStringLiteral("lblDesc"),
-                                       QStringLiteral("Description:"), {3210, 1200, 1140, 195});
+  QLabel *description = addLabel(*this, QStringLiteral("lblDesc"), QStringLiteral("Description:"),
+                                 {3210, 1200, 1140, 195});
   m_txtDescription = add<QPlainTextEdit>(*this, QStringLiteral("txtDescription"));
   m_txtDescription->setReadOnly(true);
   m_txtDescription->setTabChangesFocus(true);

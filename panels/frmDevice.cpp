@@ -104,8 +104,8 @@ void frmDevice::addGroups() {
     addLockBox(*server, i, i, QStringLiteral("Lock %1:").arg(i + 1));
 
   QWidget *modem = addGroup(2);
-  QLabel *lblPhone = addLabel(*modem, QStringLiteral("lblPhone"),
-                                    QStringLiteral("Phone number:"), {0, 150, 1500, 195});
+  QLabel *lblPhone = addLabel(*modem, QStringLiteral("lblPhone"), QStringLiteral("Phone number:"),
+                              {0, 150, 1500, 195});
   m_txtPhone = add<TextBox>(*modem, QStringLiteral("txtPhone"));
   place(*m_txtPhone, 1770, 105, 2760, 285);
   describe(*m_txtPhone, *lblPhone);
@@ -121,7 +121,7 @@ void frmDevice::addGroups() {
 void frmDevice::addLockBox(QWidget &group, int index, int column, const QString &caption) {
   constexpr int columnWidth = 1515;
   QLabel *label = addLabel(group, QStringLiteral("lblLock%1").arg(index), caption,
-                                 {column * columnWidth, 90, 1200, 195});
+                           {column * columnWidth, 90, 1200, 195});
   auto *box = add<QComboBox>(group, QStringLiteral("cboLock%1").arg(index));
   // Its width doesn't depend on its rows: measuring thousands of them takes long.
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

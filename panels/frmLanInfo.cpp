@@ -85,7 +85,7 @@ frmLanInfo::frmLanInfo() : FormWindow("frmLanInfo", "LAN Info", {4245, 1500}) {
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const FieldRow &row = rows[i];
     QLabel *label = addLabel(*this, QString::fromLatin1(row.label),
-                                   QString::fromLatin1(row.caption), row.labelAt);
+                             QString::fromLatin1(row.caption), row.labelAt);
     m_boxes[i] = add<TextBox>(*this, QString::fromLatin1(row.box), row.limit);
     place(*m_boxes[i], row.boxAt.left, row.boxAt.top, row.boxAt.width, row.boxAt.height);
     describe(*m_boxes[i], *label);

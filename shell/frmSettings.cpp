@@ -39,9 +39,8 @@ const std::array<SwatchRow, 7> swatches{{
 
 frmSettings::frmSettings() : FormWindow("frmSettings", "Settings", {5295, 1650}) {
   m_chkGrid = addCaptioned<QCheckBox>(*this, "chkGrid", "Draw Grid", {105, 105, 1140, 180});
-  QLabel *lblGridRes =
-      addLabel(*this, QStringLiteral("lblGridRes"), QStringLiteral("Grid resolution (px):"),
-               {390, 360, 1650, 180});
+  QLabel *lblGridRes = addLabel(*this, QStringLiteral("lblGridRes"),
+                                QStringLiteral("Grid resolution (px):"), {390, 360, 1650, 180});
   m_txtGridRes = add<TextBox>(*this, QStringLiteral("txtGridRes"), 3);
   place(*m_txtGridRes, 2100, 360, 450, 240);
   describe(*m_txtGridRes, *lblGridRes);
