@@ -311,9 +311,10 @@ void NaiveModel::pickPosition(int spot, std::optional<std::pair<double, double>>
   if (link == nullptr)
     return;
   if (spot != 17) {
-    for (int i = 0; i < 25; ++i)
-      if (spotAt(i % 5 / 4., i / 5 / 4.) == spot)
-        inBoxes = {i % 5 / 4., i / 5 / 4.};
+    for (const double x : {0., .25, .5, .75, 1.})
+      for (const double y : {0., .25, .5, .75, 1.})
+        if (spotAt(x, y) == spot)
+          inBoxes = {x, y};
     linkPanel->x = doubleText(inBoxes->first).toStdString();
     linkPanel->y = doubleText(inBoxes->second).toStdString();
   }
