@@ -2,11 +2,11 @@
 /// The main window with devices on it, and verbs that read as the user's.
 #pragma once
 
-#include "appearance/images.h"
 #include "editor/contextmenu.h"
 #include "editor/frmMain.h"
 #include "editor/frmToolbox.h"
 #include "forms/dialogs.h"
+#include "look.h"
 #include "shell/cdlgex.h"
 #include "support.h"
 
@@ -78,12 +78,6 @@ class Gesture : public testing::Test {
 public:
   Gesture() {
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, store.path("."));
-    LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
-    SelectedColor = 0xFFFFFF;
-    LinkColor = 0xE48257;
-    LinkSelColor = 0x0000FF;
-    LockColor = 0x00FFFF;
-    SubnetColor = 0x008000;
     Cdlg = {};
     showFileDialog = [this](const FileDialog &dialog) -> std::optional<QString> {
       dialogs.push_back(dialog.title.toStdString());
@@ -224,6 +218,7 @@ public:
   std::string status() { return child<QLabel>("lblStatus").text().toStdString(); }
 
   const Folder store;
+  const Look look;
   Boxes boxes;
   std::vector<std::string> dialogs;
   QString fileName; // that file dialogs answer; null to cancel

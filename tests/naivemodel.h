@@ -130,6 +130,8 @@ private:
   // The fills of the panels, which act on records, frames and lines.
   void createDevicePanel();
   void fillDevicePanel();
+  /// The end if it has none.
+  std::vector<DataRec>::iterator dataOfSelected();
   void fillCommon();
   void fillGroup();
   void refillLockBoxes();

@@ -126,9 +126,13 @@ void NaiveModel::fillDevicePanel() {
   fillGroup();
 }
 
+std::vector<DataRec>::iterator NaiveModel::dataOfSelected() {
+  return std::find_if(document.data.begin() + 1, document.data.end(),
+                      [&](const DataRec &data) { return data.lNum == selected; });
+}
+
 void NaiveModel::fillCommon() {
-  const auto entry = std::find_if(document.data.begin() + 1, document.data.end(),
-                                  [&](const DataRec &data) { return data.lNum == selected; });
+  const auto entry = dataOfSelected();
   devicePanel->data = entry == document.data.end() ? "" : entry->sText.toStdString();
   const std::int32_t level = document.systems[position(selected)].lSecur;
   pickDeviceLevel(level >= 1 && level <= 3 ? level - 1 : 0);
@@ -206,8 +210,7 @@ void NaiveModel::putBox(std::size_t box, int row) {
 void NaiveModel::typeData(const std::string &text) {
   if (!typed(devicePanel->data, text))
     return;
-  const auto entry = std::find_if(document.data.begin() + 1, document.data.end(),
-                                  [&](const DataRec &data) { return data.lNum == selected; });
+  const auto entry = dataOfSelected();
   if (entry == document.data.end()) {
     if (!text.empty())
       document.data.push_back({.lNum = selected, .sText = QString::fromStdString(text)});

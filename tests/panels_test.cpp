@@ -2,6 +2,7 @@
 #include "editor/frmMain.h"
 #include "forms/numberlist.h"
 #include "forms/textbox.h"
+#include "look.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
 #include "panels/frmLinks.h"
@@ -69,13 +70,6 @@ class Panels : public testing::Test {
 protected:
   Panels() {
     useCodePage(1252);
-    SelectedColor = 0xFFFFFF;
-    LockColor = 0x00FFFF;
-    SubnetColor = 0x008000;
-    SubnetSelColor = 0x00FF00;
-    LinkColor = 0xE48257;
-    LinkSelColor = 0x0000FF;
-    LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
     main.operations().ClearLAN();
   }
   ~Panels() override {
@@ -104,6 +98,7 @@ protected:
     return layer.frameWidth == 0 ? -1 : layer.colour;
   }
 
+  const Look look;
   Boxes boxes;
   frmMain main;
 };

@@ -25,15 +25,6 @@ constexpr QPoint toolBar(400, 10);
 
 } // namespace
 
-Look::Look() {
-  LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
-  SelectedColor = 0xFFFFFF;
-  LinkColor = 0xE48257;
-  LinkSelColor = 0x0000FF;
-  LockColor = 0x00FFFF;
-  SubnetColor = 0x008000;
-}
-
 Session::Session() {
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path("."));
   Cdlg = {};

@@ -5,6 +5,7 @@
 #include "editor/contextmenu.h"
 #include "editor/frmMain.h"
 #include "editor/frmToolbox.h"
+#include "look.h"
 #include "model.h"
 #include "naivemodel.h"
 #include "support.h"
@@ -44,11 +45,6 @@ std::string text(const Values &...values) {
   (out << ... << values);
   return out.str();
 }
-
-/// Pictures and colours, without a theme.
-struct Look {
-  Look();
-};
 
 /// The program and its model, and what each step does to both. A step returns what it was, in
 /// words; "" for one that means nothing in this document.
@@ -99,6 +95,9 @@ private:
   std::string differenceInBand();
   std::string differenceInPanels();
 
+  template <class F, class Naive>
+  std::string toggle(const char *name, std::optional<Naive> &panel, void (frmMain::*openPanel)(),
+                     void (NaiveModel::*show)());
   std::string editGroup(Dice &dice);
   std::string chooseLock(Dice &dice, int box);
 

@@ -82,40 +82,34 @@ std::optional<double> valueOf(const std::string &shown) {
 
 } // namespace
 
+template <class F, class Naive>
+std::string Session::toggle(const char *name, std::optional<Naive> &panel,
+                            void (frmMain::*openPanel)(), void (NaiveModel::*show)()) {
+  if (panel && panel->shown) {
+    form<F>().close();
+    panel.reset();
+    return text("close ", name);
+  }
+  (main.*openPanel)();
+  (model.*show)();
+  form<F>().move(main.width() + 10, 0);
+  return text("show ", name);
+}
+
 std::string Session::togglePanel(Dice dice) {
-  const auto toggle = [this](auto &panel, QWidget &(*window)(), void (frmMain::*openPanel)(),
-                             void (NaiveModel::*show)()) {
-    if (panel && panel->shown) {
-      window().close();
-      panel.reset();
-      return "close";
-    }
-    (main.*openPanel)();
-    (model.*show)();
-    window().move(main.width() + 10, 0);
-    return "show";
-  };
   switch (dice.below(4)) {
   case 0:
-    return text(toggle(
-                    model.devicePanel, []() -> QWidget & { return form<frmDevice>(); },
-                    &frmMain::picDevice_Click, &NaiveModel::showDevicePanel),
-                " the device panel");
+    return toggle<frmDevice>("the device panel", model.devicePanel, &frmMain::picDevice_Click,
+                             &NaiveModel::showDevicePanel);
   case 1:
-    return text(toggle(
-                    model.linkPanel, []() -> QWidget & { return form<frmLinks>(); },
-                    &frmMain::picLink_Click, &NaiveModel::showLinkPanel),
-                " the link panel");
+    return toggle<frmLinks>("the link panel", model.linkPanel, &frmMain::picLink_Click,
+                            &NaiveModel::showLinkPanel);
   case 2:
-    return text(toggle(
-                    model.subnetPanel, []() -> QWidget & { return form<frmSubnet>(); },
-                    &frmMain::picSubnet_Click, &NaiveModel::showSubnetPanel),
-                " the subnet panel");
+    return toggle<frmSubnet>("the subnet panel", model.subnetPanel, &frmMain::picSubnet_Click,
+                             &NaiveModel::showSubnetPanel);
   default:
-    return text(toggle(
-                    model.infoPanel, []() -> QWidget & { return form<frmLanInfo>(); },
-                    &frmMain::picInfo_Click, &NaiveModel::showInfoPanel),
-                " the LAN information panel");
+    return toggle<frmLanInfo>("the LAN information panel", model.infoPanel, &frmMain::picInfo_Click,
+                              &NaiveModel::showInfoPanel);
   }
 }
 
