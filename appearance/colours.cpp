@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "appearance/colours.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
+
 #include <algorithm>
 
 namespace vnb {
@@ -48,6 +51,12 @@ void colourSecurityButtons(QWidget &form, const QString &name) {
   }
 }
 
+/// The list that drops down from a box is a window of its own.
+void colourList(const QComboBox &box, const QPalette &colours) {
+  box.view()->setPalette(colours);
+  box.view()->parentWidget()->setPalette(colours);
+}
+
 bool isUntouched(const QWidget &control, std::initializer_list<ColourException> exceptions) {
   return std::any_of(exceptions.begin(), exceptions.end(), [&](const ColourException &exception) {
     return exception.kind == ColourException::Kind::Untouched &&
@@ -72,6 +81,8 @@ void applyColours(QWidget &form, std::initializer_list<ColourException> exceptio
   for (QWidget *control : form.findChildren<QWidget *>())
     if (!control->isWindow() && !isUntouched(*control, exceptions))
       control->setPalette(controls);
+  for (const QComboBox *box : form.findChildren<QComboBox *>())
+    colourList(*box, controls);
   for (const ColourException &exception : exceptions) {
     const QString name = QString::fromLatin1(exception.name);
     if (exception.kind == ColourException::Kind::Security)
