@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace vnb {
 namespace {
@@ -56,12 +57,15 @@ std::optional<QRgb> showQtColourDialog(const ColourDialog &request) {
 
 Answer showMessageWindow(const MessageBox &box) {
   const bool ask = box.buttons == MessageBox::Buttons::YesNo;
+  const QPointer<QWidget> before = QApplication::activeWindow();
   QMessageBox window(icon(box.icon), box.title, box.text,
-                     ask ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
-                     QApplication::activeWindow());
+                     ask ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, before);
   // Error descriptions and device texts are not HTML.
   window.setTextFormat(Qt::PlainText);
   const int button = window.exec();
+  // Window managers would give the keys to the main window, past the panel that asked.
+  if (before)
+    before->activateWindow();
   if (!ask)
     return Answer::Ok;
   return button == QMessageBox::Yes ? Answer::Yes : Answer::No;
