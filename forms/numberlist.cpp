@@ -2,7 +2,9 @@
 #include "forms/numberlist.h"
 
 #include <QAbstractListModel>
+#include <QKeyEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace vnb {
@@ -85,6 +87,25 @@ void NumberList::setListIndex(int row) {
     clearSelection();
   else
     setCurrentIndex(m_model->index(row));
+}
+
+/// Without a picked row an arrow picks the one that it would start from.
+void NumberList::keyPressEvent(QKeyEvent *event) {
+  const bool arrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+  if (arrow && ListIndex() < 0 && !rows().empty())
+    setListIndex(std::max(0, currentIndex().row()));
+  else
+    QListView::keyPressEvent(event);
+}
+
+QItemSelectionModel::SelectionFlags NumberList::selectionCommand(const QModelIndex &index,
+                                                                 const QEvent *event) const {
+  const auto command = QListView::selectionCommand(index, event);
+  if (!index.isValid())
+    return QItemSelectionModel::NoUpdate;
+  return command & (QItemSelectionModel::Toggle | QItemSelectionModel::Deselect)
+             ? QItemSelectionModel::ClearAndSelect
+             : command;
 }
 
 } // namespace vnb

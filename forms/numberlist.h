@@ -35,6 +35,12 @@ public:
   /// A row has become selected, by the user or by the program.
   std::function<void()> Click;
 
+protected:
+  void keyPressEvent(QKeyEvent *event) override;
+  /// The user can pick another row, not none.
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                       const QEvent *event) const override;
+
 private:
   class Model;
 
