@@ -4,6 +4,7 @@
 #include "forms/accessible.h"
 #include "runtime/twips.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -59,8 +60,13 @@ void FormWindow::closeEvent(QCloseEvent *event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent *event) {
-  if (event->key() == Qt::Key_Escape)
+  const int key = event->key();
+  const bool enter = (key == Qt::Key_Return || key == Qt::Key_Enter) && !event->isAutoRepeat();
+  auto *button = qobject_cast<QAbstractButton *>(focusWidget());
+  if (key == Qt::Key_Escape)
     close();
+  else if (enter && button != nullptr && !button->isCheckable())
+    button->click();
   else
     QWidget::keyPressEvent(event);
 }

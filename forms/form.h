@@ -30,7 +30,7 @@ public:
 
 protected:
   void closeEvent(QCloseEvent *event) override;
-  /// Escape closes the form as its close box does.
+  /// Escape closes the form as its close box does; Enter presses the button with the focus.
   void keyPressEvent(QKeyEvent *event) override;
 
 private:
