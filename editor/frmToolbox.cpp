@@ -6,13 +6,13 @@
 #include "editor/gestures.h"
 #include "forms/controls.h"
 #include "forms/drag.h"
+#include "forms/dropdown.h"
 #include "forms/picturebox.h"
 #include "forms/style.h"
 #include "runtime/messagebox.h"
 #include "runtime/report.h"
 #include "runtime/twips.h"
 
-#include <QComboBox>
 #include <QPainter>
 #include <QPushButton>
 
@@ -56,7 +56,7 @@ void refuse() {
 } // namespace
 
 frmToolbox::frmToolbox() : FormWindow("frmToolbox", "Toolbox", {3540, 1290}) {
-  m_cboItem = add<QComboBox>(*this, QStringLiteral("cboItem"));
+  m_cboItem = add<DropDown>(*this, QStringLiteral("cboItem"));
   m_cboItem->setAccessibleName(QStringLiteral("Device type"));
   m_cboItem->setMaxVisibleItems(static_cast<int>(items.size()));
   place(*m_cboItem, 90, 375, 1860, 300);

@@ -2,6 +2,7 @@
 #include "panels/frmDevice.h"
 
 #include "appearance/colours.h"
+#include "forms/dropdown.h"
 #include "forms/textbox.h"
 #include "panels/context.h"
 #include "runtime/numbers.h"
@@ -9,7 +10,6 @@
 #include "runtime/twips.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -73,7 +73,7 @@ frmDevice::frmDevice() : FormWindow("frmDevice", "Device Properties", {4680, 159
 
 void frmDevice::addCommon() {
   m_lblInfo[0] = addLabel(*this, QStringLiteral("lblInfo0"), QStringLiteral("Extra information:"),
-                          {60, 75, 1500, 195});
+                          {60, 90, 1500, 195});
   m_txtData = add<TextBox>(*this, QStringLiteral("txtData"));
   place(*m_txtData, 1830, 45, 2760, 285);
   describe(*m_txtData, *m_lblInfo[0]);
@@ -122,7 +122,7 @@ void frmDevice::addLockBox(QWidget &group, int index, int column, const QString 
   constexpr int columnWidth = 1515;
   QLabel *label = addLabel(group, QStringLiteral("lblLock%1").arg(index), caption,
                            {column * columnWidth, 90, 1200, 195});
-  auto *box = add<QComboBox>(group, QStringLiteral("cboLock%1").arg(index));
+  auto *box = add<DropDown>(group, QStringLiteral("cboLock%1").arg(index));
   // Its width doesn't depend on its rows: measuring thousands of them takes long.
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(5);

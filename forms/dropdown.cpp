@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "forms/dropdown.h"
+
+#include <QWheelEvent>
+
+namespace vnb {
+
+DropDown::DropDown(QWidget *parent) : QComboBox(parent) {
+  setFocusPolicy(Qt::StrongFocus); // not the wheel
+}
+
+void DropDown::wheelEvent(QWheelEvent *event) {
+  if (hasFocus())
+    QComboBox::wheelEvent(event);
+  else
+    event->ignore();
+}
+
+} // namespace vnb
