@@ -27,7 +27,7 @@ constexpr int numberLimit = 3;
 constexpr std::array<FieldRow, 5> rows{{
     {"lblName",
      "LAN Name: ",
-     {60, 90, 900, 195},
+     {60, 105, 900, 195},
      "txtName",
      "txtName_Change",
      "Sample Local Area Network",
@@ -37,7 +37,7 @@ constexpr std::array<FieldRow, 5> rows{{
      nullptr},
     {"lblCompany",
      "Company:",
-     {60, 450, 900, 195},
+     {60, 465, 900, 195},
      "txtCompany",
      "txtCompany_Change",
      "Sample Company",
@@ -47,7 +47,7 @@ constexpr std::array<FieldRow, 5> rows{{
      nullptr},
     {"lblIP",
      "IP Address:",
-     {60, 810, 900, 195},
+     {60, 825, 900, 195},
      "txtIP",
      "txtIP_Change",
      "127.432.543.123",
@@ -57,7 +57,7 @@ constexpr std::array<FieldRow, 5> rows{{
      nullptr},
     {"lblX",
      "X:",
-     {1980, 1170, 195, 195},
+     {1980, 1185, 195, 195},
      "txtX",
      "txtX_Change",
      "20",
@@ -67,7 +67,7 @@ constexpr std::array<FieldRow, 5> rows{{
      &LanHeaderRec::XPOS},
     {"lblY",
      "Y:",
-     {3240, 1170, 195, 195},
+     {3240, 1185, 195, 195},
      "txtY",
      "txtY_Change",
      "20",
@@ -81,7 +81,7 @@ constexpr std::array<FieldRow, 5> rows{{
 
 frmLanInfo::frmLanInfo() : FormWindow("frmLanInfo", "LAN Info", {4245, 1500}) {
   addLabel(*this, QStringLiteral("lblWorldmap"), QStringLiteral("Worldmap location:"),
-           {60, 1170, 1800, 195});
+           {60, 1185, 1800, 195});
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const FieldRow &row = rows[i];
     QLabel *label = addLabel(*this, QString::fromLatin1(row.label),
