@@ -228,11 +228,15 @@ void frmLinks::PositionSelect(double lX, double lY) {
   bSelecting = false;
 }
 
-/// The values in the boxes. False, and told to the user, if one is no number.
+/// The values in the boxes. False, and told to the user, if one is no number or so large that no
+/// line reaches there.
 bool frmLinks::readBoxes(double &x, double &y) const {
   try {
     x = CDbl(m_txtX->text().toStdString());
     y = CDbl(m_txtY->text().toStdString());
+    const Sprite &sprite = panelContext.selection->surface().picSystem(lSelectedItem);
+    toSingle(sprite.Width * x);
+    toSingle(sprite.Height * y);
     return true;
   } catch (const RuntimeError &) {
     showMessageBox({.title = QStringLiteral("Links"),
