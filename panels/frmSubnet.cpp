@@ -108,23 +108,22 @@ void frmSubnet::showNoDevice() {
 void frmSubnet::selectionFill(std::int32_t lIndex) {
   showDevice(true);
   m_lblSubnets->setText(QStringLiteral("Valid subnets for ") + deviceName(lIndex) + u':');
-  Selection &selection = *panelContext.selection;
   const std::vector<bool> listed = listedFor(lIndex);
   std::vector<NumberRow> subnets;
   std::vector<NumberRow> others;
   for (std::int32_t i = 0; i <= UBound(Systems); ++i) {
     if (i == lIndex)
       continue;
-    if (!listed[static_cast<std::size_t>(i)]) {
-      others.push_back({.text = deviceName(i), .number = i});
-      continue;
-    }
-    subnets.push_back({.text = deviceName(i), .number = i});
-    selection.surface().picSystem(i).Tag = SpriteTag::GreenDk;
-    selection.SelectItem(i, SubnetColor, true);
+    (listed[static_cast<std::size_t>(i)] ? subnets : others)
+        .push_back({.text = deviceName(i), .number = i});
   }
   m_lstSubnets->setRows(std::move(subnets));
   m_lstSystems->setRows(std::move(others));
+  Selection &selection = *panelContext.selection;
+  for (const NumberRow &row : m_lstSubnets->rows()) {
+    selection.surface().picSystem(row.number).Tag = SpriteTag::GreenDk;
+    selection.SelectItem(row.number, SubnetColor, true);
+  }
 }
 
 void frmSubnet::lstSubnets_Click() {
