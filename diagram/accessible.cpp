@@ -92,10 +92,7 @@ public:
   }
 
 protected:
-  QRect place() const override {
-    const Sprite &sprite = surface().picSystem(number());
-    return {sprite.Left, sprite.Top, sprite.Width, sprite.Height};
-  }
+  QRect place() const override { return surface().picSystem(number()).within(surface().rect()); }
   QString name() const override { return deviceName(number()); }
 
 private:
@@ -105,7 +102,7 @@ private:
       return;
     const Sprite &sprite = surface.picSystem(number);
     const QPoint middle(sprite.Width / 2, sprite.Height / 2);
-    const QPoint global = surface.mapToGlobal(QPoint(sprite.Left, sprite.Top) + middle);
+    const QPoint global = surface.mapToGlobal(sprite.within(surface.rect()).center());
     // Not the left button, which would start a drag.
     if (action != linkAction)
       events->picSystem_MouseDown(number, Qt::RightButton, middle, global);
