@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 
 namespace vnb {
 namespace {
@@ -44,6 +45,8 @@ frmAbout::frmAbout() : FormWindow("frmAbout", "About", {5970, 4290}) {
   QFont arial(QStringLiteral("Arial"));
   arial.setPointSizeF(9.75);
   m_txtAbout->setFont(arial);
+  onBlack.setColor(QPalette::Button, Qt::darkGray); // the slider
+  m_txtAbout->verticalScrollBar()->setPalette(onBlack);
   place(*m_txtAbout, 30, 450, 5910, 3780);
   showPage(false);
 }
