@@ -80,6 +80,7 @@ frmMain::frmMain()
           *this, [this](int KeyCode, Qt::KeyboardModifiers Shift) { Form_KeyUp(KeyCode, Shift); }) {
   setObjectName(QStringLiteral("frmMain"));
   setMouseTracking(true);
+  setAttribute(Qt::WA_AlwaysShowToolTips); // also while a panel has the keys
   setFocusPolicy(Qt::StrongFocus);
   setFocus(); // not the first button: nothing is marked until Tab is pressed
   resize(designSize);
