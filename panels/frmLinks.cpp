@@ -124,7 +124,7 @@ void frmLinks::addBoxes() {
   static constexpr int limit = 4;
   const auto box = [this](const char *label, const char *caption, const char *name, int top) {
     QLabel *text = addLabel(*m_picLinks, QString::fromLatin1(label), QString::fromLatin1(caption),
-                            {4890, top + 45, 240, 195});
+                            {4890, top + 30, 240, 195});
     auto *result = add<TextBox>(*m_picLinks, QString::fromLatin1(name), limit);
     place(*result, 5190, top, 960, 270);
     describe(*result, *text);

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Runs the tests that need windows: offscreen, with Qt's own dialogs.
+#include "forms/style.h"
+
 #include <QApplication>
 
 #include <gmock/gmock.h>
@@ -10,6 +12,6 @@ int main(int argc, char *argv[]) {
   testing::InitGoogleMock(&argc, argv);
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   const QApplication application(argc, argv);
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  vnb::useStyle();
   return RUN_ALL_TESTS();
 }

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+/// What the controls of all forms have in common: keys, clicks, the wheel, the opened lists.
+#include "appearance/colours.h"
+#include "editor/frmMain.h"
+#include "forms/controls.h"
+#include "forms/dialogs.h"
+#include "forms/dropdown.h"
+#include "forms/numberlist.h"
+#include "look.h"
+#include "panels/frmDevice.h"
+#include "panels/frmLanInfo.h"
+#include "panels/frmLinks.h"
+
+#include <gmock/gmock.h>
+
+#include <QCheckBox>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+
+using testing::ElementsAre;
+
+namespace vnb::test {
+namespace {
+
+class Controls : public testing::Test {
+protected:
+  Controls() {
+    list->setRows({{QStringLiteral("a"), 1}, {QStringLiteral("b"), 2}, {QStringLiteral("c"), 3}});
+    list->Click = [this] { picked.push_back(list->ListIndex()); };
+    list->setGeometry(0, 0, 100, 100);
+    drop->move(0, 100);
+    drop->addItems({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+    button->move(0, 130);
+    check->move(0, 160);
+    form.resize(200, 200);
+    form.show();
+    form.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+  }
+
+  void clickRow(int row, Qt::KeyboardModifiers modifiers = {}) {
+    const QPoint at = list->visualRect(list->model()->index(row, 0)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers, row < 0 ? QPoint(50, 90) : at);
+  }
+  void turnWheel() {
+    QWheelEvent down(QPointF(5, 5), drop->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(drop, &down);
+  }
+
+  const Look look;
+  FormWindow form{"form", "Form", {100, 100}};
+  NumberList *list = add<NumberList>(form, QStringLiteral("list"));
+  DropDown *drop = add<DropDown>(form, QStringLiteral("drop"));
+  QPushButton *button = add<QPushButton>(form, QStringLiteral("button"));
+  QCheckBox *check = add<QCheckBox>(form, QStringLiteral("check"));
+  std::vector<int> picked;
+};
+
+TEST_F(Controls, AnArrowPicksTheRowThatItStartsFrom) {
+  for (const auto key : {Qt::Key_Down, Qt::Key_Up}) {
+    button->setFocus();
+    list->setRows({{QStringLiteral("a"), 1}, {QStringLiteral("b"), 2}});
+    list->setFocus();
+    QTest::keyClick(list, key);
+    EXPECT_EQ(list->ListIndex(), 0);
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(list->ListIndex(), 1);
+    list->removeRow(1);
+    QTest::keyClick(list, key);
+    EXPECT_EQ(list->ListIndex(), 0) << "a list of one";
+  }
+  list->setRows({});
+  QTest::keyClick(list, Qt::Key_Down);
+  EXPECT_EQ(list->ListIndex(), -1);
+}
+
+TEST_F(Controls, NoClickTakesAPickAway) {
+  clickRow(-1);
+  EXPECT_EQ(list->ListIndex(), -1);
+  clickRow(1);
+  clickRow(-1);
+  clickRow(1, Qt::ControlModifier);
+  clickRow(2, Qt::ShiftModifier);
+  clickRow(0, Qt::ControlModifier);
+  EXPECT_THAT(picked, ElementsAre(1, 2, 0));
+}
+
+TEST_F(Controls, TheWheelTurnsADropDownOnlyWithTheFocus) {
+  list->setFocus();
+  turnWheel();
+  EXPECT_EQ(drop->currentIndex(), 0);
+  EXPECT_TRUE(list->hasFocus());
+  drop->setFocus();
+  turnWheel();
+  EXPECT_EQ(drop->currentIndex(), 1);
+}
+
+TEST_F(Controls, EnterPressesAButtonAndTurnsNoMark) {
+  int presses = 0;
+  QObject::connect(button, &QPushButton::clicked, [&] { ++presses; });
+  QTest::keyClick(button, Qt::Key_Return);
+  EXPECT_EQ(presses, 0) << "without the focus";
+  button->setFocus();
+  QTest::keyClick(button, Qt::Key_Return);
+  QTest::keyClick(button, Qt::Key_Enter);
+  EXPECT_EQ(presses, 2);
+  check->setFocus();
+  QTest::keyClick(check, Qt::Key_Return);
+  EXPECT_FALSE(check->isChecked());
+  QTest::keyClick(check, Qt::Key_Escape);
+  EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(Controls, AnOpenedListHasTheThemesColours) {
+  for (const Colour background : {0x102030, 0xF0F0F0}) {
+    BackgroundColor = background;
+    TextColor = background ^ 0xFFFFFF;
+    applyColours(form);
+    drop->showPopup();
+    const QRect row = drop->view()->visualRect(drop->model()->index(2, 0));
+    const QImage image = drop->view()->viewport()->grab().toImage();
+    EXPECT_EQ(image.pixelColor(row.right() - 2, row.center().y()), toQColor(BackgroundColor));
+    EXPECT_GE(drop->view()->mapToGlobal(QPoint()).y(), drop->mapToGlobal(drop->rect().center()).y())
+        << "below its box";
+    drop->hidePopup();
+  }
+}
+
+TEST_F(Controls, ALongMenuStaysOnTheScreen) {
+  QMenu menu;
+  for (int i = 0; i < 2000; ++i)
+    menu.addAction(QStringLiteral("Link to Hub %1").arg(i));
+  menu.popup({});
+  const QSize screen = menu.screen()->size();
+  EXPECT_EQ(menu.size(), menu.size().boundedTo(screen));
+}
+
+TEST_F(Controls, ABoxGivesTheKeysBack) {
+  FormWindow other("other", "Other", {3000, 3000});
+  other.show();
+  form.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  QTimer::singleShot(0, [&] {
+    QWidget *box = QApplication::activeModalWidget();
+    ASSERT_NE(box, nullptr);
+    other.activateWindow(); // as a window manager may do when the box goes
+    box->close();
+  });
+  showMessageWindow({.title = QStringLiteral("t"),
+                     .text = QStringLiteral("x"),
+                     .icon = MessageBox::Icon::Question,
+                     .buttons = MessageBox::Buttons::Ok});
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+}
+
+/// A label and the line of text in its box stand level.
+TEST(Labels, StandLevelWithTheirBoxes) {
+  frmMain main;
+  const std::vector<std::pair<QWidget *, std::vector<const char *>>> rows{
+      {&Form<frmLanInfo>::instance(), {"lblName", "lblCompany", "lblIP", "lblX", "lblY"}},
+      {&Form<frmLinks>::instance(), {"lblX", "lblY"}},
+      {&Form<frmDevice>::instance(), {"lblInfo0", "lblPhone"}}};
+  for (const auto &[form, labels] : rows)
+    for (const char *name : labels) {
+      const auto *label = form->findChild<QLabel *>(QString::fromLatin1(name));
+      EXPECT_EQ(label->geometry().center().y(), label->buddy()->geometry().center().y())
+          << name;
+    }
+}
+
+} // namespace
+} // namespace vnb::test
