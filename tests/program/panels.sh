@@ -79,6 +79,11 @@ fill "$links" 378 94 '.3'  # to a place of its own
 fill "$links" 378 116 '.7'
 press "$links" 334 72
 press "$links" 374 29 # level 2
+point "$links" 60 118 # Remove link: no, and the keys are the panel's again
+xdotool click 1
+wait_for 'Really remove?'
+xdotool key Escape
+wait_for 'Links'
 fill "$information" 180 13 'Headquarters'
 fill "$information" 180 37 'Acme & Sons'
 fill "$information" 180 61 '10.0.0.1'
