@@ -29,11 +29,4 @@ void PushOption::paintEvent(QPaintEvent * /*event*/) {
   painter.drawText(rect(), Qt::AlignCenter, this->text());
 }
 
-void clearOptions(QButtonGroup &group) {
-  group.setExclusive(false);
-  for (QAbstractButton *button : group.buttons())
-    button->setChecked(false);
-  group.setExclusive(true);
-}
-
 } // namespace vnb

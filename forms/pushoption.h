@@ -3,12 +3,11 @@
 #pragma once
 
 #include <QAbstractButton>
-#include <QButtonGroup>
 
 namespace vnb {
 
 /// Filled with its palette's button colour; while on it has a thick frame inside. Those that
-/// exclude each other share a QButtonGroup.
+/// exclude each other share an OptionGroup.
 class PushOption : public QAbstractButton {
 public:
   explicit PushOption(QWidget *parent);
@@ -18,8 +17,5 @@ public:
 protected:
   void paintEvent(QPaintEvent *event) override;
 };
-
-/// Turns every button of an exclusive group off.
-void clearOptions(QButtonGroup &group);
 
 } // namespace vnb

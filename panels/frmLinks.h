@@ -3,9 +3,8 @@
 #pragma once
 
 #include "forms/form.h"
+#include "forms/optiongroup.h"
 #include "panels/securityoptions.h"
-
-#include <QButtonGroup>
 
 class QLabel;
 
@@ -49,7 +48,7 @@ private:
   QLabel *m_lblNoDevice;
   QLabel *m_lblLinks = nullptr;
   NumberList *m_lstLinks = nullptr;
-  QButtonGroup m_optPosition;
+  OptionGroup m_optPosition;
   TextBox *m_txtX = nullptr;
   TextBox *m_txtY = nullptr;
   SecurityOptions *m_optSecur = nullptr;

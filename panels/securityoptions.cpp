@@ -28,7 +28,7 @@ SecurityOptions::SecurityOptions(QWidget &parent, Place first) : QObject(&parent
 void SecurityOptions::mark(std::int32_t lSecur) {
   QAbstractButton *option = m_group.button(lSecur - 1);
   if (option == nullptr) {
-    clearOptions(m_group);
+    m_group.clear();
     throw RuntimeError(Fault::ControlArrayElement);
   }
   option->setChecked(true);

@@ -3,9 +3,8 @@
 #pragma once
 
 #include "forms/controls.h"
+#include "forms/optiongroup.h"
 #include "forms/pushoption.h"
-
-#include <QButtonGroup>
 
 #include <functional>
 
@@ -25,7 +24,7 @@ public:
   std::function<void(std::int32_t Index)> Click;
 
 private:
-  QButtonGroup m_group;
+  OptionGroup m_group;
 };
 
 } // namespace vnb

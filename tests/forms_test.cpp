@@ -6,6 +6,8 @@
 #include "forms/dialogs.h"
 #include "forms/dropdown.h"
 #include "forms/numberlist.h"
+#include "forms/optiongroup.h"
+#include "forms/pushoption.h"
 #include "look.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
@@ -100,6 +102,30 @@ TEST_F(Controls, TheWheelTurnsADropDownOnlyWithTheFocus) {
   EXPECT_EQ(drop->currentIndex(), 1);
 }
 
+TEST_F(Controls, TabGoesToTheOptionThatIsOn) {
+  OptionGroup group;
+  std::array<PushOption *, 3> options{};
+  for (auto &option : options) {
+    option = add<PushOption>(form, {});
+    option->show();
+    group.addButton(option);
+  }
+  const auto fromTheCheckBox = [&] {
+    check->setFocus();
+    QTest::keyClick(check, Qt::Key_Tab);
+    return std::ranges::find(options, form.focusWidget()) - options.begin();
+  };
+  EXPECT_EQ(fromTheCheckBox(), 0);
+  options[2]->setChecked(true);
+  EXPECT_EQ(fromTheCheckBox(), 2);
+  QTest::keyClick(options[2], Qt::Key_Backtab);
+  EXPECT_TRUE(check->hasFocus());
+  options[1]->setChecked(true);
+  EXPECT_EQ(fromTheCheckBox(), 1);
+  group.clear();
+  EXPECT_EQ(fromTheCheckBox(), 0);
+}
+
 TEST_F(Controls, EnterPressesAButtonAndTurnsNoMark) {
   int presses = 0;
   QObject::connect(button, &QPushButton::clicked, [&] { ++presses; });
@@ -168,8 +194,7 @@ TEST(Labels, StandLevelWithTheirBoxes) {
   for (const auto &[form, labels] : rows)
     for (const char *name : labels) {
       const auto *label = form->findChild<QLabel *>(QString::fromLatin1(name));
-      EXPECT_EQ(label->geometry().center().y(), label->buddy()->geometry().center().y())
-          << name;
+      EXPECT_EQ(label->geometry().center().y(), label->buddy()->geometry().center().y()) << name;
     }
 }
 
