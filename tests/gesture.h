@@ -72,15 +72,14 @@ private:
   QPointer<QWindow> m_pressed;
 };
 
-/// The main window with five devices, all of them in view, and verbs that read as the user's.
-/// Places are pixels of the surface if nothing else is said.
+/// Five devices, all of them in view. Places are pixels of the surface if nothing else is said.
 class Gesture : public testing::Test {
 public:
   Gesture() {
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, store.path("."));
     Cdlg = {};
     showFileDialog = [this](const FileDialog &dialog) -> std::optional<QString> {
-      dialogs.push_back(dialog.title.toStdString());
+      dialogs.push_back(dialog);
       return fileName.isNull() ? std::nullopt : std::optional(fileName);
     };
     main.operations().ClearLAN();
@@ -102,9 +101,11 @@ public:
   }
   Surface &surface() { return main.picLayout(); }
   vnb::Gestures &gestures() { return dynamic_cast<vnb::Gestures &>(*surface().events); }
+  /// The main window or what belongs to it.
   template <class T = QWidget>
   T &child(const char *name) {
-    return *main.findChild<T *>(QString::fromLatin1(name));
+    auto *found = main.findChild<T *>(QString::fromLatin1(name));
+    return found != nullptr ? *found : dynamic_cast<T &>(static_cast<QWidget &>(main));
   }
 
   // Verbs.
@@ -115,9 +116,7 @@ public:
     return pressAt(sprite.Left + grab.x(), sprite.Top + grab.y(), button);
   }
   Gesture &pressAt(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
-    moveTo(x, y);
-    Pointer::wait();
-    return pressOn(button);
+    return pressIn(surface(), {x, y}, button);
   }
   Gesture &pressIn(QWidget &widget, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
     moveIn(widget, at);
@@ -140,9 +139,6 @@ public:
     pointer.release(button);
     return *this;
   }
-  Gesture &click(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
-    return pressAt(x, y, button).release();
-  }
   Gesture &doubleClick(std::int32_t device, Qt::MouseButton button = Qt::LeftButton) {
     return press(device, button).release().pressOn(button).release();
   }
@@ -154,11 +150,6 @@ public:
     record.lX = sprite.Left = x;
     record.lY = sprite.Top = y;
   }
-  void scrollTo(int x, int y) {
-    child<QScrollBar>("hsbScroll").setValue(x);
-    child<QScrollBar>("vsbScroll").setValue(y);
-  }
-
   /// The toolbox beside the main window, on the entry of that position.
   frmToolbox &toolbox(int item = 0) {
     main.picAdd_Click();
@@ -168,7 +159,7 @@ public:
     QCoreApplication::processEvents();
     return form;
   }
-  QWidget &preview() {
+  static QWidget &preview() {
     return *Form<frmToolbox>::instance().findChild<QWidget *>(QStringLiteral("picPreview"));
   }
 
@@ -184,21 +175,11 @@ public:
       out << " but in its record " << record.lX << ',' << record.lY;
     return out.str();
   }
-  std::string lines() {
-    std::ostringstream out;
-    for (std::int32_t i = 1; i <= surface().lneLink.UBound(); ++i)
-      describe(out, surface().lneLink(i)) << ';';
-    return out.str();
-  }
   std::string band() {
+    const Line &line = surface().lneXOR;
     std::ostringstream out;
-    describe(out, surface().lneXOR);
-    return out.str();
-  }
-  static std::ostream &describe(std::ostream &out, const Line &line) {
-    if (!line.Visible)
-      return out << "hidden";
-    return out << line.X1 << ',' << line.Y1 << '-' << line.X2 << ',' << line.Y2;
+    out << line.X1 << ',' << line.Y1 << '-' << line.X2 << ',' << line.Y2;
+    return line.Visible ? out.str() : "hidden";
   }
   /// "1 solid 2 FFFFFF #1;" for each framed device: width, colour, number.
   std::string frames() {
@@ -208,10 +189,8 @@ public:
       if (layer.frameWidth == 0)
         continue;
       out << i << (layer.dotted ? " dotted " : " solid ") << int{layer.frameWidth} << ' '
-          << std::hex << std::uppercase << layer.colour << std::dec;
-      if (layer.number != -1)
-        out << " #" << layer.number;
-      out << ';';
+          << std::hex << std::uppercase << layer.colour << std::dec
+          << (layer.number == -1 ? "" : " #" + std::to_string(layer.number)) << ';';
     }
     return out.str();
   }
@@ -220,7 +199,7 @@ public:
   const Folder store;
   const Look look;
   Boxes boxes;
-  std::vector<std::string> dialogs;
+  std::vector<FileDialog> dialogs;
   QString fileName; // that file dialogs answer; null to cancel
   frmMain main;
   ContextMenu contextMenu{main.selection(), main.operations()};
