@@ -1,30 +1,14 @@
 // SPDX-License-Identifier: MIT
-/// What the tests of themes and settings share: errors and globals as short text.
+/// What the tests of themes and settings share: globals as short text.
 #pragma once
 
 #include "appearance/theme.h"
-#include "runtime/error.h"
 #include "shell/cdlgex.h"
+#include "support.h"
 
 #include <sstream>
-#include <string>
-#include <vector>
 
 namespace vnb::test {
-
-/// What `act` raises: the number, or the description of an error of the program's own; "" for none.
-template <class Act>
-std::string raised(Act act) {
-  try {
-    act();
-  } catch (const RuntimeError &error) {
-    return error.number() == ownError ? error.description().toStdString()
-                                      : std::to_string(error.number());
-  }
-  return {};
-}
-
-using Words = std::vector<std::string>;
 
 /// All settings as they are before any are read: recognisable values.
 inline void forgetAll() {

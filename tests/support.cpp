@@ -26,6 +26,15 @@ std::string rows(const std::vector<T> &array, std::size_t first, Row addRow) {
 
 } // namespace
 
+std::vector<std::pair<std::string, std::string>> sides(const Words &rows) {
+  std::vector<std::pair<std::string, std::string>> result;
+  for (const std::string &row : rows) {
+    const std::size_t arrow = row.rfind(" -> ");
+    result.emplace_back(row.substr(0, arrow), row.substr(arrow + 4));
+  }
+  return result;
+}
+
 Boxes::Boxes(std::vector<Answer> answers) : m_answers(std::move(answers)) {
   showMessageBox = [this](const MessageBox &box) {
     boxes.push_back(box);

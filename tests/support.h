@@ -5,6 +5,7 @@
 
 #include "document/operations.h"
 #include "lanfile/lanfile.h"
+#include "runtime/error.h"
 #include "runtime/messagebox.h"
 
 #include <QByteArray>
@@ -16,6 +17,23 @@
 
 namespace vnb::test {
 
+/// What `act` raises: the number, or the description of an error of the program's own; "" for none.
+template <class Act>
+std::string raised(Act act) {
+  try {
+    act();
+  } catch (const RuntimeError &error) {
+    return error.number() == ownError ? error.description().toStdString()
+                                      : std::to_string(error.number());
+  }
+  return {};
+}
+
+using Words = std::vector<std::string>;
+
+/// What stands before and behind the last " -> " of each row.
+std::vector<std::pair<std::string, std::string>> sides(const Words &rows);
+
 /// Answers every message box: the scripted answers first, then No. A box that was not expected
 /// stays in `texts` for the test to find.
 class Boxes {
@@ -26,7 +44,7 @@ public:
   Boxes &operator=(const Boxes &) = delete;
 
   /// "9 frmMain.OpenLANFile" for a standard error report, the text for any other box.
-  std::vector<std::string> texts;
+  Words texts;
   std::vector<MessageBox> boxes;
 
 private:
