@@ -4,7 +4,10 @@
 #include "runtime/files.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
+#include "runtime/xml.h"
 #include "support.h"
+
+#include <QElapsedTimer>
 
 #include <gmock/gmock.h>
 
@@ -14,127 +17,80 @@
 #include <random>
 
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace vnb::test {
 namespace {
 
-/// The number of the error that `statement` raises, 0 for none.
-template <class Statement>
-int errorOf(Statement statement) {
-  try {
-    statement();
-  } catch (const RuntimeError &error) {
-    return error.number();
+/// Each "text -> due": a number, or the number of an error behind "E".
+template <class Convert>
+void check(Convert convert, const Words &rows) {
+  for (const auto &[text, due] : sides(rows)) {
+    std::string value;
+    const std::string error =
+        raised([&, &text = text] { value = doubleText(convert(text)).toStdString(); });
+    EXPECT_EQ(error.empty() ? value : "E" + error, due) << text;
   }
-  return 0;
 }
 
 TEST(Val, ReadsTheNumberAtTheStart) {
-  for (const auto &[text, due] : std::vector<std::pair<const char *, double>>{
-           {"12", 12},    {"  -3.5kg", -3.5}, {"+7", 7},  {".5", .5},    {"5.", 5},
-           {"1e2x", 100}, {"1e", 1},          {"1e+", 1}, {"", 0},       {"abc", 0},
-           {"-", 0},      {".", 0},           {"- 5", 0}, {"12abc", 12}, {"1.2.3", 1.2},
-           {"0x10", 0},   {"&H10", 0},        {"inf", 0}, {"nan", 0},    {"1e-400", 0},
-           {"2 3", 2},    {"٣", 0},           {"e5", 0},  {"1E3", 1000}, {"-0", 0},
-       })
-    EXPECT_EQ(Val(QString::fromUtf8(text)), due) << text;
+  check([](const std::string &text) { return Val(QString::fromStdString(text)); },
+        {"12 -> 12",    "  -3.5kg -> -3.5", "+7 -> 7",  ".5 -> 0.5",   "5. -> 5",
+         "1e2x -> 100", "1e -> 1",          "1e+ -> 1", " -> 0",       "abc -> 0",
+         "- -> 0",      ". -> 0",           "- 5 -> 0", "12abc -> 12", "1.2.3 -> 1.2",
+         "0x10 -> 0",   "&H10 -> 0",        "inf -> 0", "nan -> 0",    "1e-400 -> 0",
+         "2 3 -> 2",    "٣ -> 0",           "e5 -> 0",  "1E3 -> 1000", "-0 -> 0"});
   EXPECT_TRUE(std::isinf(Val(u"1e999")));
 }
 
+const std::string nines(400, '9');
+const std::string zeros(400, '0');
+
 TEST(CLng, RoundsHalvesToTheEvenNeighbourAndRaises) {
-  for (const auto &[text, due] : std::vector<std::pair<const char *, int>>{
-           {"0", 0},
-           {"-17", -17},
-           {"+17", 17},
-           {"0.5", 0},
-           {"1.5", 2},
-           {"2.5", 2},
-           {"-2.5", -2},
-           {"1e3", 1000},
-           {"2147483647", 2147483647},
-           {"-2147483648", -2147483647 - 1},
-           {"2147483647.4", 2147483647},
-           {" 20 ", 20},
-           {"000000000000000000000000000000000000007", 7},
-           {"1e-400", 0},
-       })
-    EXPECT_EQ(CLng(text), due) << text;
-  for (const auto &[text, error] : std::vector<std::pair<std::string, int>>{
-           {"", 13},
-           {"x", 13},
-           {"1x", 13},
-           {"0x1F", 13},
-           {"&H1F", 13},
-           {"inf", 13},
-           {"nan", 13},
-           {"1,5", 13},
-           {"1 2", 13},
-           {"--1", 13},
-           {"2147483648", 6},
-           {"-2147483649", 6},
-           {"2147483647.5", 6},
-           {"1e400", 6},
-           {std::string(400, '9'), 6},
-           {std::string("1\0", 2), 13},
-       })
-    EXPECT_EQ(errorOf([&text = text] { CLng(text); }), error) << text;
+  check(CLng,
+        {"0 -> 0",     "-17 -> -17",  "+17 -> 17",   "0.5 -> 0",    "1.5 -> 2",   "2.5 -> 2",
+         "-2.5 -> -2", "1e3 -> 1000", " 20  -> 20",  "1e-400 -> 0", " -> E13",    "x -> E13",
+         "1x -> E13",  "0x1F -> E13", "&H1F -> E13", "inf -> E13",  "nan -> E13", "1,5 -> E13",
+         "1 2 -> E13", "--1 -> E13",  "1e400 -> E6"});
+  check(CLng,
+        {"2147483647 -> 2147483647", "-2147483648 -> -2147483648", "2147483647.4 -> 2147483647",
+         "2147483647.5 -> E6", "2147483648 -> E6", "-2147483649 -> E6", nines + " -> E6",
+         zeros + "7 -> 7", std::string("1\0 -> E13", 9)});
 }
 
 TEST(CDbl, TakesDecimalNumbersOnly) {
-  for (const auto &[text, due] :
-       std::vector<std::pair<std::string, double>>{{"0.25", .25},
-                                                   {"-1e-05", -1e-05},
-                                                   {"1e+15", 1e15},
-                                                   {"0." + std::string(400, '0') + "1", 0},
-                                                   {"0e999", 0},
-                                                   {"0." + std::string(400, '0') + "1e+2", 0},
-                                                   {"1e-99999999999999999999", 0},
-                                                   {"5e-324", 5e-324}})
-    EXPECT_EQ(CDbl(text), due) << text;
-  for (const std::string &text : {std::string(400, '9'), "1" + std::string(400, '0') + "e-2",
-                                  std::string("1e99999999999999999999")})
-    EXPECT_EQ(errorOf([&] { CDbl(text); }), 6) << text;
-  EXPECT_EQ(errorOf([] { CDbl("1d5"); }), 13);
+  check(CDbl, {"0.25 -> 0.25", "-1e-05 -> -1e-05", "1e+15 -> 1e+15", "1d5 -> E13", "0e999 -> 0",
+               nines + " -> E6", "1" + zeros + "e-2 -> E6", "0." + zeros + "1 -> 0",
+               "0." + zeros + "1e+2 -> 0", "5e-324 -> 4.94065645841247e-324",
+               "1e99999999999999999999 -> E6", "1e-99999999999999999999 -> 0"});
 }
 
 TEST(DoubleText, IsGeneralAndComesBack) {
-  for (const auto &[value, due] : std::vector<std::pair<double, const char *>>{
-           {0, "0"},
-           {-0.0, "0"},
-           {1, "1"},
-           {.5, "0.5"},
-           {.25, "0.25"},
-           {.29, "0.29"},
-           {-.75, "-0.75"},
-           {1.0 / 3, "0.333333333333333"},
-           {.333333333333333333, "0.333333333333333"},
-           {.1 + .2, "0.3"},
-           {240, "240"},
-           {1e14, "100000000000000"},
-           {1e15, "1e+15"},
-           {1e-5, "1e-05"},
-           {123456.789, "123456.789"},
-           {std::numeric_limits<double>::max(), "1.79769313486231e+308"}})
-    EXPECT_EQ(doubleText(value).toStdString(), due);
+  Words texts;
+  for (const double value : {-0.0, 1., .25, .29, -.75, .1 + .2, 1. / 3, 1e14, 1e15, 1e-5,
+                             123456.789, std::numeric_limits<double>::max()})
+    texts.push_back(doubleText(value).toStdString());
+  EXPECT_THAT(texts, ElementsAre("0", "1", "0.25", "0.29", "-0.75", "0.3", "0.333333333333333",
+                                 "100000000000000", "1e+15", "1e-05", "123456.789",
+                                 "1.79769313486231e+308"));
   std::mt19937_64 random(7);
   for (int i = 0; i < 20000; ++i) {
-    const auto bits = random();
-    const double value = std::bit_cast<double>(bits);
+    const auto value = std::bit_cast<double>(random());
     if (!std::isfinite(value))
       continue;
     const std::string text = doubleText(value).toStdString();
-    EXPECT_EQ(doubleText(CDbl(text)).toStdString(), text) << bits;
+    EXPECT_EQ(doubleText(CDbl(text)).toStdString(), text);
   }
 }
 
 TEST(CodePage, MapsAllBytesOneToOneAndMarksTheRest) {
+  QByteArray all;
+  for (int byte = 0; byte < 256; ++byte)
+    all += static_cast<char>(byte);
   for (const int number : {874, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258}) {
     const CodePage page(number);
-    QByteArray all;
-    for (int byte = 0; byte < 256; ++byte)
-      all += static_cast<char>(byte);
-    const QString text = page.decode({all.constData(), 256});
-    EXPECT_EQ(page.encode(text), all) << number;
+    EXPECT_EQ(page.encode(page.decode({all.constData(), 256})), all) << number;
     EXPECT_EQ(page.number(), number);
   }
   EXPECT_EQ(CodePage(1252).holdable(QStringLiteral("a€b→c\U0001F600d")), QStringLiteral("a€b?c?d"));
@@ -143,19 +99,11 @@ TEST(CodePage, MapsAllBytesOneToOneAndMarksTheRest) {
 }
 
 TEST(CodePage, FollowsTheLocaleOfCharacters) {
-  for (const auto &[locale, number] : std::vector<std::pair<const char *, int>>{
-           {"pl_PL.UTF-8", 1250},
-           {"ru_RU.UTF-8", 1251},
-           {"ru", 1251},
-           {"sr_RS", 1251},
-           {"sr_RS@latin", 1250},
-           {"de_DE@euro", 1252},
-           {"el_GR.ISO-8859-7", 1253},
-           {"C.UTF-8", 1252},
-           {"POSIX", 1252},
-           {"", 1252},
-       })
-    EXPECT_EQ(codePageNumber(QString::fromLatin1(locale)), number) << locale;
+  for (const auto &[locale, number] :
+       sides({"pl_PL.UTF-8 -> 1250", "sr_RS@latin -> 1250", "ru_RU.UTF-8 -> 1251", "ru -> 1251",
+              "sr_RS -> 1251", "de_DE@euro -> 1252", "el_GR.ISO-8859-7 -> 1253", "C.UTF-8 -> 1252",
+              "POSIX -> 1252", " -> 1252"}))
+    EXPECT_EQ(std::to_string(codePageNumber(QString::fromStdString(locale))), number) << locale;
 }
 
 struct Element {
@@ -167,16 +115,14 @@ TEST(ControlArray, GrowsAndShrinksAtTheTop) {
   ControlArray<Element> array(Element{5, true});
   EXPECT_EQ(array.Load(1).value, 5);
   EXPECT_FALSE(array(1).Visible);
-  for (const auto &[error, statement] :
-       std::vector<std::pair<int, std::function<void()>>>{{340, [&] { array(2); }},
-                                                          {340, [&] { array(-1); }},
-                                                          {6, [&] { array(32768); }},
-                                                          {360, [&] { array.Load(1); }},
-                                                          {340, [&] { array.Load(3); }},
-                                                          {6, [&] { array.Load(32768); }},
-                                                          {340, [&] { array.Unload(2); }},
-                                                          {362, [&] { array.Unload(0); }}})
-    EXPECT_EQ(errorOf(statement), error);
+  Words errors;
+  for (const std::int32_t index : {2, -1, 32768})
+    errors.push_back(raised([&] { array(index); }));
+  for (const std::int32_t index : {1, 3, 32768})
+    errors.push_back(raised([&] { array.Load(index); }));
+  for (const std::int32_t index : {2, 0})
+    errors.push_back(raised([&] { array.Unload(index); }));
+  EXPECT_THAT(errors, ElementsAre("340", "340", "6", "360", "340", "6", "340", "362"));
   array.Unload(1);
   EXPECT_EQ(array.UBound(), 0);
 }
@@ -184,9 +130,8 @@ TEST(ControlArray, GrowsAndShrinksAtTheTop) {
 TEST(Report, YesGoesOnAndNoLeaves) {
   std::string ran;
   const auto run = [&ran] {
-    ran.clear();
     return reported(
-        "frmX", "DoIt", [&] { ran += "a"; },
+        "frmX", "DoIt", [&] { ran = "a"; },
         [&] {
           ran += "b";
           throw RuntimeError(Fault::TypeMismatch);
@@ -206,20 +151,147 @@ TEST(Report, YesGoesOnAndNoLeaves) {
 TEST(File, RaisesTheClassicNumbers) {
   const Folder folder;
   const QString here = folder.path("");
-  for (const auto &[path, error] :
-       std::vector<std::pair<QString, int>>{{folder.path("none"), 53},
-                                            {here, 75},
-                                            {QStringLiteral("/dev/zero"), 75},
-                                            {QString(), 52},
-                                            {folder.file("x", "x") + QStringLiteral("/y"), 76}})
-    EXPECT_EQ(errorOf([&path = path] { File().openForInput(path); }), error) << path.toStdString();
-  for (const auto &[path, error] :
-       std::vector<std::pair<QString, int>>{{folder.path("no/x"), 76}, {here, 75}, {QString(), 52}})
-    EXPECT_EQ(errorOf([&path = path] { File().openForOutput(path); }), error) << path.toStdString();
+  Words errors;
+  for (const QString &path : {QString(), here, folder.path("none"), QStringLiteral("/dev/zero"),
+                              folder.file("x", "x") + QStringLiteral("/y")})
+    errors.push_back(raised([&] { File().openForInput(path); }));
+  for (const QString &path : {QString(), here, folder.path("no/x")})
+    errors.push_back(raised([&] { File().openForOutput(path); }));
+  EXPECT_THAT(errors, ElementsAre("52", "75", "53", "75", "76", "52", "75", "76"));
   File full;
   full.openForOutput(QStringLiteral("/dev/full"));
-  EXPECT_EQ(errorOf([&] { full.write("x"); }), 61);
-  EXPECT_EQ(errorOf([] { File().write("x"); }), 52);
+  EXPECT_EQ(raised([&] { full.write("x"); }), "61");
+  EXPECT_EQ(raised([] { File().write("x"); }), "52");
+}
+
+/// Tags as "a(b c(d))".
+std::string outline(const XmlElement &element) {
+  std::string text = element.tagName().toStdString();
+  for (const XmlElement &child : element.children())
+    text += (&child == &element.children().front() ? '(' : ' ') + outline(child);
+  return element.children().empty() ? text : text + ')';
+}
+
+QByteArray utf16(const QByteArray &latin1) {
+  QByteArray bytes = "\xFF\xFE";
+  for (const char c : latin1)
+    bytes += QByteArray(1, c) + QByteArray(1, '\0');
+  return bytes;
+}
+
+TEST(Xml, GivesTagsAndTexts) {
+  const Folder folder;
+  for (const auto &[bytes, due] : std::vector<std::pair<QByteArray, std::string>>{
+           {"<a/>", "a: "},
+           {"<a><b/><C><d/></C><b></b></a>", "a(b C(d) b): "},
+           {"<a>1<b>2<c>3</c></b>4</a>", "a(b(c)): 1234"},
+           {"<?xml version='1.0'?>\r\n<!DOCTYPE a>\r\n<!-- <b/> --><a>x<!-- y -->z<?p q?></a>\r\n",
+            "a: xz"},
+           {"<a>&amp;&#65;&#x42;<![CDATA[<b>&amp;]]></a>", "a: &AB<b>&amp;"},
+           {"<!DOCTYPE a [<!ENTITY e 'in<b/>side'>]><a>&e;</a>", "a(b): inside"},
+           {"<n:a xmlns:n='u'/>", "n:a: "},
+           {"<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9</a>", "a: \xC3\xA9"},
+           {utf16("<a>\xE9</a>"), "a: \xC3\xA9"}}) {
+    const XmlDocument document(folder.file(bytes));
+    EXPECT_EQ(outline(document.root()) + ": " + document.root().text().toStdString(), due);
+  }
+}
+
+TEST(Xml, ElementsKeepTheirTextsAndAttributesWhenTheDocumentMoves) {
+  const Folder folder;
+  XmlDocument first(folder.file("<a b='' c=\"&lt;1&quot;\" D='d'>1<b>2</b>3<b>4<c>5</c></b></a>"));
+  const XmlDocument document = std::move(first);
+  const XmlElement &root = document.root();
+  ASSERT_EQ(root.children().size(), 2U);
+  EXPECT_EQ(root.children()[0].text(), u"2");
+  EXPECT_EQ(root.children()[1].text(), u"45");
+  EXPECT_EQ(root.children()[1].children()[0].text(), u"5");
+  EXPECT_EQ(root.getAttribute(u"b"), QString());
+  EXPECT_EQ(root.getAttribute(u"c"), QStringLiteral("<1\""));
+  EXPECT_EQ(root.getAttribute(u"D"), QStringLiteral("d"));
+  EXPECT_EQ(root.getAttribute(u"d"), std::nullopt);
+  EXPECT_EQ(root.getAttribute(u""), std::nullopt);
+}
+
+TEST(Xml, FaultsTellTheirLine) {
+  const Folder folder;
+  for (const auto &[bytes, line] : sides(
+           {" -> 1", "text -> 1", "<!-- only --> -> 1", "<a>\n<b> -> 2", "<a>\n<b>\n</a></b> -> 3",
+            "<a/>\n<b/> -> 2", "<a/>\n\nx -> 3", "<a\nb=1/> -> 2", "<a b='1'\n b='2'/> -> 2",
+            "<a b='<'/> -> 1", "<a>\n&unknown;</a> -> 2", "<a>\n\x01</a> -> 2", "<a>\xFF</a> -> 1",
+            "<n:a/> -> 1", "<?xml version='1.0' encoding='no-such'?><a/> -> 1"})) {
+    const QString path = folder.file(QByteArray::fromStdString(bytes));
+    EXPECT_THAT(raised([&] { const XmlDocument document(path); }),
+                StartsWith("Line " + line + ", column "))
+        << bytes;
+  }
+}
+
+TEST(Xml, HoldsToItsLimitsAtOnce) {
+  const auto nested = [](int depth) {
+    return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
+  };
+  const auto large = [](qsizetype size) { return "<a>" + QByteArray(size - 7, ' ') + "</a>"; };
+  QByteArray bomb = "<!DOCTYPE a [<!ENTITY e0 'eeeeeeeeee'>";
+  for (int i = 1; i < 10; ++i)
+    bomb += "<!ENTITY e" + QByteArray::number(i) + " '" +
+            ("&e" + QByteArray::number(i - 1) + ";").repeated(10) + "'>";
+  bomb += "]><a>&e9;</a>";
+  const auto entity = [](qsizetype length) {
+    return "<!DOCTYPE a [<!ENTITY e '" + QByteArray(length, 'x') + "'>]>";
+  };
+  const auto attributes = [](int count) {
+    QByteArray text;
+    for (int i = 0; i < count; ++i)
+      text += " a" + QByteArray::number(i) + " = ''";
+    return text;
+  };
+  constexpr qsizetype mebibyte = 1 << 20;
+  const Folder folder;
+  for (const auto &[bytes, reason] : std::vector<std::pair<QByteArray, std::string>>{
+           {nested(64), ""},
+           {nested(65), "nested too deeply"},
+           {large(16 * mebibyte), ""},
+           {large(16 * mebibyte + 1), "larger than 16 MiB"},
+           {bomb, "ntity"},
+           {entity(4000) + "<a>" + QByteArray("&e;").repeated(1'000'000) + "</a>", "ntity"},
+           {entity(4000) + "<a b='" + QByteArray("&e;").repeated(1'000'000) + "'/>", "ntity"},
+           {entity(3) + "<a>" + QByteArray("&e;").repeated(1'000'000) + "</a>", ""},
+           {"<a" + attributes(256) + ">" + QByteArray("====\n").repeated(300) + "</a>", ""},
+           {"<a" + attributes(257) + "/>", "too many attributes"},
+           {"<a x='>'" + attributes(1'000'000) + "/>", "too many attributes"},
+           {utf16("<a" + attributes(1000) + "/>"), "too many attributes"},
+           {"<!DOCTYPE a [" + QByteArray("<!ATTLIST a b CDATA ''>").repeated(500'000) + "]><a/>",
+            "document type is too long"},
+           {"<!DOCTYPE a [<!ATTLIST a" + QByteArray(" b CDATA ''").repeated(500'000) + ">]><a/>",
+            "document type is too long"},
+           {"<!DOCTYPE a>" + QByteArray(5000, '\n') + "<a/>", ""},
+           {"<!DOCTYPE a [<!ATTLIST b c CDATA '" + QByteArray(4000, 'x') + "'>]><a>" +
+                QByteArray("<b/>").repeated(100'000) + "</a>",
+            "longer than 16 Mi characters"},
+           {"<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a>", "ntity"}}) {
+    const QString path = folder.file(bytes);
+    QElapsedTimer clock;
+    clock.start();
+    const std::string error = raised([&] { const XmlDocument document(path); });
+    EXPECT_LT(clock.elapsed(), 5000) << reason;
+    EXPECT_EQ(error.empty(), reason.empty()) << reason;
+    EXPECT_THAT(error, HasSubstr(reason));
+  }
+}
+
+TEST(Xml, OpensNothingOutsideTheFile) {
+  const Folder folder;
+  const QByteArray other = folder.file("<!ENTITY e 'secret'>secret", "other").toUtf8();
+  for (const QByteArray &type : {
+           QByteArray("<!DOCTYPE a SYSTEM '" + other + "'>"),
+           QByteArray("<!DOCTYPE a [<!ENTITY e SYSTEM '" + other + "'>]>"),
+           QByteArray("<!DOCTYPE a [<!ENTITY e SYSTEM 'file://" + other + "'>]>"),
+           QByteArray("<!DOCTYPE a [<!ENTITY % p SYSTEM '" + other + "'>%p;]>"),
+       }) {
+    const XmlDocument document(folder.file(type + "<a>1&e;2</a>"));
+    EXPECT_EQ(document.root().text(), u"12") << type.toStdString();
+  }
 }
 
 } // namespace
