@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The themes that come with the program, as they are built: complete, of the right sizes, legible.
+#include "runtime/xml.h"
+#include "support.h"
+
+#include <QColor>
 #include <QDir>
-#include <QFile>
 #include <QImage>
-#include <QXmlStreamReader>
 
 #include <gmock/gmock.h>
 
@@ -12,105 +14,29 @@
 #include <cstdlib>
 #include <map>
 #include <set>
-#include <string>
-#include <vector>
 
-using testing::UnorderedElementsAreArray;
+using testing::MatchesRegex;
 
 namespace vnb::test {
 namespace {
 
-using Words = std::vector<std::string>;
+using Sizes = std::map<std::string, QSize>;
 
-const Words colourKeys{"grid",       "selected", "link",    "sellink", "lock",
-                       "separator",  "subnet",   "text",    "redtext", "selsubnet",
-                       "background", "secure1",  "secure2", "secure3"};
+constexpr QSize large{24, 24};
+constexpr QSize small{13, 13};
+const Sizes buttons{{"new", large},      {"open", large},   {"save", large},   {"add", large},
+                    {"info", large},     {"link", large},   {"device", large}, {"subnet", large},
+                    {"settings", large}, {"themes", large}, {"about", large},  {"addsubnet", small},
+                    {"delsubnet", small}};
 
-struct Picture {
-  std::string key;
-  QSize size;
-};
-
-const std::vector<Picture> buttons{
-    {"new", {24, 24}},       {"open", {24, 24}},   {"save", {24, 24}},   {"add", {24, 24}},
-    {"info", {24, 24}},      {"link", {24, 24}},   {"device", {24, 24}}, {"subnet", {24, 24}},
-    {"settings", {24, 24}},  {"themes", {24, 24}}, {"about", {24, 24}},  {"addsubnet", {13, 13}},
-    {"delsubnet", {13, 13}},
-};
-
-const std::vector<Picture> devices{
-    {"router", {48, 32}},     {"hub", {48, 20}},          {"switch", {72, 51}},
-    {"terminal", {38, 37}},   {"mainserver", {72, 51}},   {"mailserver", {48, 51}},
-    {"fileserver", {72, 51}}, {"auth", {48, 51}},         {"lock", {32, 32}},
-    {"ibridge", {32, 32}},    {"modem", {32, 32}},        {"sessionkeyserver", {72, 51}},
-    {"radiotrans", {32, 32}}, {"radioreceive", {32, 32}}, {"faxprinter", {72, 51}},
-    {"logserver", {72, 51}},
-};
-
-/// "for" or "name" of each entry of a section, with the entry's other attributes.
-using Section = std::map<std::string, QXmlStreamAttributes>;
-
-struct Theme {
-  QDir folder;
-  std::map<std::string, Section> sections;
-  std::map<std::string, std::string> info;
-
-  std::string value(const char *section, const std::string &key, const char *attribute) const {
-    return sections.at(section).at(key).value(QLatin1String(attribute)).toString().toStdString();
-  }
-  QRgb colour(const std::string &key) const {
-    const std::string text = value("COLORS", key, "color");
-    EXPECT_THAT(text, testing::MatchesRegex("#[0-9A-F]{6}"));
-    return static_cast<QRgb>(std::stoul(text.substr(1), nullptr, 16));
-  }
-};
-
-Theme readTheme(const std::string &name) {
-  Theme theme{QDir(QStringLiteral(VNB_THEMES "/") + QString::fromStdString(name)), {}, {}};
-  QFile file(theme.folder.filePath(QStringLiteral("theme.xml")));
-  EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-  QXmlStreamReader xml(&file);
-  xml.readNextStartElement();
-  while (xml.readNextStartElement()) {
-    const std::string section = xml.name().toString().toStdString();
-    theme.sections[section];
-    while (xml.readNextStartElement()) {
-      if (section == "INFO") {
-        theme.info[xml.name().toString().toStdString()] = xml.readElementText().toStdString();
-        continue;
-      }
-      const QXmlStreamAttributes attributes = xml.attributes();
-      const QLatin1String selector(section == "DEVICES" ? "name" : "for");
-      const std::string key = attributes.value(selector).toString().toStdString();
-      EXPECT_TRUE(theme.sections[section].emplace(key, attributes).second) << key << " twice";
-      xml.skipCurrentElement();
-    }
-  }
-  EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
-  return theme;
-}
-
-Words keys(const Section &section) {
-  Words result;
-  for (const auto &entry : section)
-    result.push_back(entry.first);
-  return result;
-}
-
-Words keys(const std::vector<Picture> &pictures) {
-  Words result;
-  for (const Picture &picture : pictures)
-    result.push_back(picture.key);
-  return result;
-}
-
-Words folders(const char *path) {
-  Words result;
-  for (const QString &name :
-       QDir(QString::fromUtf8(path)).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot))
-    result.push_back(name.toStdString());
-  return result;
-}
+constexpr QSize rack{72, 51};
+constexpr QSize tower{48, 51};
+constexpr QSize box{32, 32};
+const Sizes devices{
+    {"router", {48, 32}}, {"hub", {48, 20}},     {"switch", rack},     {"terminal", {38, 37}},
+    {"mainserver", rack}, {"mailserver", tower}, {"fileserver", rack}, {"auth", tower},
+    {"lock", box},        {"ibridge", box},      {"modem", box},       {"sessionkeyserver", rack},
+    {"radiotrans", box},  {"radioreceive", box}, {"faxprinter", rack}, {"logserver", rack}};
 
 /// From 0 for black to 1 for white, as bright as the eye takes the colour.
 double luminance(QRgb colour) {
@@ -135,81 +61,87 @@ int difference(QRgb one, QRgb other) {
 
 class Themes : public testing::TestWithParam<std::string> {
 protected:
-  /// The picture that an entry names. Its sharp variants must fit it.
-  QImage picture(const std::string &file, QSize size) const {
-    const QString stem = QString::fromStdString(file).section(u'.', 0, -2);
+  Themes() {
+    for (const XmlElement &section : xml.root().children())
+      for (const XmlElement &entry : section.children()) {
+        const QString key =
+            section.tagName() == u"INFO"
+                ? entry.tagName()
+                : entry.getAttribute(section.tagName() == u"DEVICES" ? u"name" : u"for")
+                      .value_or(QString());
+        const std::string path = (section.tagName() + u'/' + key).toStdString();
+        EXPECT_TRUE(entries.emplace(path, &entry).second) << path << " twice";
+      }
+  }
+
+  QString value(const std::string &path, const char16_t *attribute) const {
+    return entries.at(path)->getAttribute(attribute).value_or(QString());
+  }
+  QRgb colour(const std::string &key) const {
+    const QString text = value("COLORS/" + key, u"color");
+    EXPECT_THAT(text.toStdString(), MatchesRegex("#[0-9A-F]{6}"));
+    return QColor(text).rgb();
+  }
+  /// A picture by its name. Its sharp variants must fit it.
+  QImage picture(const QString &file, QSize size) const {
     for (const int scale : {2, 3}) {
-      const QString sharp = QStringLiteral("%1@%2x.png").arg(stem).arg(scale);
-      EXPECT_EQ(QImage(theme.folder.filePath(sharp)).size(), size * scale) << sharp.toStdString();
+      const QString sharp = QStringLiteral("%1@%2x.png").arg(file.section(u'.', 0, -2)).arg(scale);
+      EXPECT_EQ(QImage(folder + sharp).size(), size * scale) << sharp.toStdString();
     }
-    QImage image(theme.folder.filePath(QString::fromStdString(file)));
-    EXPECT_EQ(image.size(), size) << file;
+    QImage image(folder + file);
+    EXPECT_EQ(image.size(), size) << file.toStdString();
     return image;
   }
 
-  const Theme theme = readTheme(GetParam());
+  const QString folder = QStringLiteral(VNB_THEMES "/%1/").arg(QString::fromStdString(GetParam()));
+  const XmlDocument xml{folder + QStringLiteral("theme.xml")};
+  std::map<std::string, const XmlElement *> entries; // by "SECTION/key"
 };
 
-TEST_P(Themes, HaveEveryKey) {
-  EXPECT_THAT(keys(theme.sections.at("COLORS")), UnorderedElementsAreArray(colourKeys));
-  EXPECT_THAT(keys(theme.sections.at("BUTTONS")), UnorderedElementsAreArray(keys(buttons)));
-  EXPECT_THAT(keys(theme.sections.at("DEVICES")), UnorderedElementsAreArray(keys(devices)));
-  EXPECT_NE(theme.info.at("TITLE"), "");
-  EXPECT_EQ(theme.info.at("AUTHOR"), "The Vantry Network Builder team");
-  EXPECT_GT(theme.info.at("DESCRIPTION").size(), 40U);
-}
-
-TEST_P(Themes, ButtonsAreThreeDifferentPictures) {
+TEST_P(Themes, HaveAPictureForEachKey) {
   for (const auto &[key, size] : buttons) {
-    const QImage off = picture(theme.value("BUTTONS", key, "off"), size);
-    const QImage over = picture(theme.value("BUTTONS", key, "over"), size);
-    const QImage down = picture(theme.value("BUTTONS", key, "down"), size);
+    const QImage off = picture(value("BUTTONS/" + key, u"off"), size);
+    const QImage over = picture(value("BUTTONS/" + key, u"over"), size);
+    const QImage down = picture(value("BUTTONS/" + key, u"down"), size);
     EXPECT_TRUE(off != over && over != down && off != down) << key;
   }
-}
-
-TEST_P(Themes, DevicesStandOnTheBackgroundWithAPictureEach) {
-  std::set<std::string> files;
+  std::set<QString> files;
   for (const auto &[key, size] : devices) {
-    const std::string file = theme.value("DEVICES", key, "image");
+    const QString file = value("DEVICES/" + key, u"image");
     const QImage image = picture(file, size);
     EXPECT_TRUE(files.insert(file).second) << key;
     EXPECT_FALSE(image.hasAlphaChannel()) << key;
-    EXPECT_EQ(image.pixel(0, 0), theme.colour("background") | 0xFF000000) << key;
+    EXPECT_EQ(image.pixel(0, 0), colour("background")) << key;
   }
+  EXPECT_NE(entries.at("INFO/TITLE")->text(), u"");
+  EXPECT_EQ(entries.at("INFO/AUTHOR")->text(), u"The Vantry Network Builder team");
+  EXPECT_GT(entries.at("INFO/DESCRIPTION")->text().size(), 40);
+  EXPECT_EQ(entries.size(), buttons.size() + devices.size() + 14 + 3) << "no others";
 }
 
 TEST_P(Themes, AreLegible) {
-  struct Due {
-    double text, line, digit;
-  };
-  const Due due = GetParam() == "contrast" ? Due{7, 4.5, 7} : Due{4.5, 3, 4.5};
-  const QRgb background = theme.colour("background");
+  const bool strict = GetParam() == "contrast";
+  const QRgb background = colour("background");
   for (const char *key : {"text", "redtext"})
-    EXPECT_GE(contrast(theme.colour(key), background), due.text) << key;
+    EXPECT_GE(contrast(colour(key), background), strict ? 7 : 4.5) << key;
   for (const char *key :
        {"link", "sellink", "selected", "lock", "subnet", "selsubnet", "separator"})
-    EXPECT_GE(contrast(theme.colour(key), background), due.line) << key;
+    EXPECT_GE(contrast(colour(key), background), strict ? 4.5 : 3) << key;
   for (const char *key : {"secure1", "secure2", "secure3"})
-    EXPECT_GE(contrast(theme.colour(key), theme.colour(key) ^ 0xFFFFFF), due.digit) << key;
+    EXPECT_GE(contrast(colour(key), colour(key) ^ 0xFFFFFF), strict ? 7 : 4.5) << key;
 
-  const double grid = contrast(theme.colour("grid"), background);
+  const double grid = contrast(colour("grid"), background);
   EXPECT_GE(grid, 1.3);
   EXPECT_LE(grid, 3);
-  EXPECT_LT(grid, contrast(theme.colour("link"), background));
-}
+  EXPECT_LT(grid, contrast(colour("link"), background));
 
-TEST_P(Themes, TellLinesFramesAndLevelsApart) {
-  struct Group {
-    int least;
-    Words keys;
-  };
   for (const auto &[least, keys] :
-       {Group{120, {"link", "sellink"}}, Group{120, {"selected", "lock", "subnet", "selsubnet"}},
-        Group{48, {"secure1", "secure2", "secure3"}}})
+       std::vector<std::pair<int, Words>>{{120, {"link", "sellink"}},
+                                          {120, {"selected", "lock", "subnet", "selsubnet"}},
+                                          {48, {"secure1", "secure2", "secure3"}}})
     for (const std::string &one : keys)
       for (const std::string &other : keys)
-        EXPECT_TRUE(one == other || difference(theme.colour(one), theme.colour(other)) >= least)
+        EXPECT_TRUE(one == other || difference(colour(one), colour(other)) >= least)
             << one << " and " << other;
 }
 
@@ -218,11 +150,13 @@ INSTANTIATE_TEST_SUITE_P(Shipped, Themes, testing::ValuesIn(shipped),
                          [](const auto &theme) { return theme.param; });
 
 TEST(ThemesFolder, HoldsTheThemesAloneAndEveryOne) {
-  EXPECT_EQ(folders(VNB_THEMES), shipped);
-  for (const std::string &name : shipped)
-    EXPECT_TRUE(QFile::exists(
-        QStringLiteral(VNB_THEMES_SOURCE "/%1/theme.xml").arg(QString::fromStdString(name))))
-        << name;
+  Words folders;
+  for (const QString &name : QDir(QStringLiteral(VNB_THEMES))
+                                 .entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot)) {
+    folders.push_back(name.toStdString());
+    EXPECT_TRUE(QFile::exists(QStringLiteral(VNB_THEMES_SOURCE "/%1/theme.xml").arg(name)));
+  }
+  EXPECT_EQ(folders, shipped);
 }
 
 } // namespace
