@@ -96,9 +96,17 @@ const XmlElement &section(const XmlElement &root, QLatin1String tagName) {
     if (child.tagName() == tagName)
       found = &child;
   if (found == nullptr)
-    throw RuntimeError(ownError,
-                       QStringLiteral("The theme has no section %1: %2").arg(tagName, ThemeFile));
+    throw RuntimeError(ownError, QStringLiteral("The theme has no section %1").arg(tagName))
+        .about(ThemeFile);
   return *found;
+}
+
+XmlDocument read(const QString &path) {
+  try {
+    return XmlDocument(path);
+  } catch (const RuntimeError &error) {
+    throw error.about(path);
+  }
 }
 
 QString folderOf(const QString &path) {
@@ -198,7 +206,7 @@ void LoadTheme(const QString &sFileName, ThemeView &view) {
   const bool fullPath = sFileName.contains(u':') || sFileName.startsWith(u'/');
   ThemeFile = fullPath ? sFileName : themePath(sFileName);
   ThemeName = nameOf(ThemeFile);
-  const XmlDocument ThemeDoc(ThemeFile);
+  const XmlDocument ThemeDoc = read(ThemeFile);
   const XmlElement &colours = section(ThemeDoc.root(), QLatin1String("COLORS"));
   const XmlElement &buttons = section(ThemeDoc.root(), QLatin1String("BUTTONS"));
   const XmlElement &devices = section(ThemeDoc.root(), QLatin1String("DEVICES"));

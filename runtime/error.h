@@ -44,6 +44,9 @@ public:
   /// A fault of the program's own.
   RuntimeError(std::int32_t number, QString description);
 
+  /// The same error, telling the file that it is about as well.
+  RuntimeError about(const QString &file) const;
+
   std::int32_t number() const { return m_number; }
   const QString &description() const { return m_description; }
   const char *what() const noexcept override { return "runtime error"; }

@@ -155,12 +155,12 @@ TEST_F(ThemeLoader, AFileThatIsNoThemeChangesNothingButTheName) {
   const std::string colours = "<T><COLORS><c for='link' color='#FFFFFF'/></COLORS>";
   for (const auto &[xml, error] :
        sides({"<T>\n<COLORS>\n</T> -> Line 3, ",
-              "<T><BUTTONS/><DEVICES/></T> -> The theme has no section COLORS: /",
-              colours + "<DEVICES/></T> -> The theme has no section BUTTONS: /",
-              colours + "<BUTTONS/></T> -> The theme has no section DEVICES: /",
-              colours + "<BUTTONS/><devices/></T> -> The theme has no section DEVICES: /",
-              "<T><X><COLORS/><BUTTONS/><DEVICES/></X></T> -> The theme has no section COLORS: /",
-              "<COLORS/> -> The theme has no section COLORS: /"})) {
+              "<T><BUTTONS/><DEVICES/></T> -> The theme has no section COLORS\n/",
+              colours + "<DEVICES/></T> -> The theme has no section BUTTONS\n/",
+              colours + "<BUTTONS/></T> -> The theme has no section DEVICES\n/",
+              colours + "<BUTTONS/><devices/></T> -> The theme has no section DEVICES\n/",
+              "<T><X><COLORS/><BUTTONS/><DEVICES/></X></T> -> The theme has no section COLORS\n/",
+              "<COLORS/> -> The theme has no section COLORS\n/"})) {
     ThemeFile = ThemeName = QStringLiteral("earlier");
     EXPECT_THAT(load(QByteArray::fromStdString(xml)), StartsWith(error));
     EXPECT_THAT(calls, IsEmpty()) << error;
