@@ -18,6 +18,8 @@ std::function<void()> frmSettings::LinkColorChanged;
 
 namespace {
 
+constexpr int digits = 3; // of the grid's distance
+
 struct SwatchRow {
   const char *caption;
   int labelLeft, labelTop, labelWidth, top; // twips
@@ -41,7 +43,7 @@ frmSettings::frmSettings() : FormWindow("frmSettings", "Settings", {5295, 1650})
   m_chkGrid = addCaptioned<QCheckBox>(*this, "chkGrid", "Draw Grid", {105, 105, 1140, 180});
   QLabel *lblGridRes = addLabel(*this, QStringLiteral("lblGridRes"),
                                 QStringLiteral("Grid resolution (px):"), {390, 360, 1650, 180});
-  m_txtGridRes = add<TextBox>(*this, QStringLiteral("txtGridRes"), 3);
+  m_txtGridRes = add<TextBox>(*this, QStringLiteral("txtGridRes"), digits);
   place(*m_txtGridRes, 2100, 360, 450, 240);
   describe(*m_txtGridRes, *lblGridRes);
   m_chkLoadLast =
@@ -85,10 +87,9 @@ void frmSettings::UpdateColors() {
 }
 
 void frmSettings::txtGridRes_Change() {
-  // "9e9" fits; what it stands for doesn't.
-  const QString number = doubleText(Val(m_txtGridRes->text())).left(m_txtGridRes->maxLength());
-  if (number != m_txtGridRes->text()) // setting it moves the cursor
-    m_txtGridRes->setContent(number);
+  const QString number = doubleText(Val(m_txtGridRes->text()));
+  if (number != m_txtGridRes->text())              // setting it moves the cursor
+    m_txtGridRes->setContent(number.left(digits)); // "9e9" fits; what it stands for doesn't
 }
 
 void frmSettings::picColor_Click(std::size_t Index) {
