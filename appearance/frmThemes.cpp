@@ -3,12 +3,12 @@
 
 #include "appearance/colours.h"
 #include "forms/controls.h"
+#include "forms/numberlist.h"
 #include "runtime/error.h"
 #include "runtime/messagebox.h"
 #include "runtime/xml.h"
 
 #include <QDirIterator>
-#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -54,6 +54,7 @@ void goBack(const QString &earlierFile, const QString &earlierName, const Colour
   colours.restore();
   view.linkColorChanged();
   view.UpdateColors();
+  view.redrawGrid();
 }
 
 const XmlElement *firstChild(const XmlElement &parent, QStringView tagName) {
@@ -74,7 +75,7 @@ frmThemes::frmThemes() : FormWindow("frmThemes", "Themes", {7125, 3195}) {
       addCaptioned<QPushButton>(*this, "cmdSwitch", "Switch (temp button)", {4260, 75, 2415, 360});
   QLabel *available = addLabel(*this, QStringLiteral("lblAvailable"),
                                QStringLiteral("Available themes:"), {75, 345, 1695, 195});
-  m_lstThemes = add<QListWidget>(*this, QStringLiteral("lstThemes"));
+  m_lstThemes = add<NumberList>(*this, QStringLiteral("lstThemes"));
   place(*m_lstThemes, 120, 660, 2970, 2370);
   describe(*m_lstThemes, *available);
   m_lblName =
@@ -91,28 +92,29 @@ frmThemes::frmThemes() : FormWindow("frmThemes", "Themes", {7125, 3195}) {
   describe(*m_txtDescription, *description);
   setTabOrder(m_lstThemes, cmdSwitch);
   setTabOrder(cmdSwitch, m_txtDescription);
-  connect(m_lstThemes, &QListWidget::itemSelectionChanged, this, &frmThemes::lstThemes_Click);
+  m_lstThemes->Click = [this] { lstThemes_Click(); };
   // A click on the line that is picked already reads its file anew.
-  connect(m_lstThemes, &QListWidget::itemClicked, this, &frmThemes::lstThemes_Click);
+  connect(m_lstThemes, &NumberList::clicked, this, &frmThemes::lstThemes_Click);
   connect(cmdSwitch, &QPushButton::clicked, this, &frmThemes::cmdSwitch_Click);
 }
 
 void frmThemes::Form_Load() {
-  m_lstThemes->clear();
+  m_lstThemes->setRows({});
   QDirIterator entries(themesFolder(), QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
   if (!entries.hasNext())
     return;
-  QListWidgetItem *current = nullptr;
+  std::vector<NumberRow> folders;
+  int current = -1;
   while (entries.hasNext()) {
     entries.next();
     if (!entries.fileInfo().isDir())
       continue;
-    auto *line = new QListWidgetItem(entries.fileName(), m_lstThemes);
     if (entries.fileName() == ThemeName)
-      current = line;
+      current = static_cast<int>(folders.size());
+    folders.push_back({.text = entries.fileName()});
   }
-  if (current != nullptr)
-    m_lstThemes->setCurrentItem(current);
+  m_lstThemes->setRows(std::move(folders));
+  m_lstThemes->setListIndex(current);
   m_lblCurTheme->setText(ThemeName);
   UpdateColors();
 }
@@ -122,13 +124,12 @@ void frmThemes::UpdateColors() {
 }
 
 QString frmThemes::selected() const {
-  const QList<QListWidgetItem *> lines = m_lstThemes->selectedItems();
-  return lines.isEmpty() ? QString() : lines.constFirst()->text();
+  const int row = m_lstThemes->ListIndex();
+  return row < 0 ? QString() : m_lstThemes->rows()[static_cast<std::size_t>(row)].text;
 }
 
 void frmThemes::lstThemes_Click() {
-  if (!m_lstThemes->selectedItems().isEmpty())
-    ShowThemeInfo(selected());
+  ShowThemeInfo(selected());
 }
 
 void frmThemes::showUnreadable(const QString &reason) {
@@ -145,12 +146,12 @@ void frmThemes::ShowThemeInfo(const QString &sName) {
       showUnreadable(QStringLiteral("This theme says nothing about itself."));
       return;
     }
-    // What a theme leaves out keeps the text of the one shown before.
+    // What a theme leaves out keeps the text of the one shown before. A label has one line.
     for (const XmlElement &field : info->children()) {
       if (field.tagName() == u"TITLE")
-        m_lblName->setText(QStringLiteral("Name: ") + field.text());
+        m_lblName->setText(QStringLiteral("Name: ") + field.text().simplified());
       else if (field.tagName() == u"AUTHOR")
-        m_lblAuthor->setText(QStringLiteral("Author: ") + field.text());
+        m_lblAuthor->setText(QStringLiteral("Author: ") + field.text().simplified());
       else if (field.tagName() == u"DESCRIPTION")
         m_txtDescription->setPlainText(field.text());
     }
@@ -161,7 +162,7 @@ void frmThemes::ShowThemeInfo(const QString &sName) {
 }
 
 void frmThemes::cmdSwitch_Click() {
-  if (m_lstThemes->selectedItems().isEmpty()) {
+  if (m_lstThemes->ListIndex() < 0) {
     tell(QStringLiteral("Pick a theme in the list first."));
     return;
   }

@@ -6,10 +6,11 @@
 #include "forms/form.h"
 
 class QLabel;
-class QListWidget;
 class QPlainTextEdit;
 
 namespace vnb {
+
+class NumberList;
 
 class frmThemes : public FormWindow {
 public:
@@ -28,7 +29,7 @@ private:
   QString selected() const;
 
   QLabel *m_lblCurTheme;
-  QListWidget *m_lstThemes;
+  NumberList *m_lstThemes;
   QLabel *m_lblName;
   QLabel *m_lblAuthor;
   QPlainTextEdit *m_txtDescription;

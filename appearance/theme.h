@@ -30,6 +30,8 @@ public:
   virtual void loadButtonImages(const QString &tag, const QString &files) = 0;
   /// DeviceImages is new: every sprite takes its picture.
   virtual void deviceImagesChanged() = 0;
+  /// A switch failed, and the theme that was in force is so again: the grid comes back.
+  virtual void redrawGrid() {}
 };
 
 /// The folder that holds the themes: `themes` beside the executable.

@@ -303,13 +303,17 @@ void frmMain::picThemes_Click() {
 void frmMain::picSettings_Click() {
   Form<frmSettings>::instance().Form_Load();
   Form<frmSettings>::instance().showModal(this);
-  picLayout().Cls();
-  if (ShowGrid)
-    picLayout().DrawGrid();
+  redrawGrid();
 }
 
 void frmMain::picAbout_Click() {
   reported("frmMain", "picAbout_Click", [this] { Form<frmAbout>::instance().showModal(this); });
+}
+
+void frmMain::redrawGrid() {
+  picLayout().Cls();
+  if (ShowGrid)
+    picLayout().DrawGrid();
 }
 
 void frmMain::linkColorChanged() {

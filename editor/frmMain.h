@@ -78,6 +78,7 @@ private:
   void updateOwnColors();
   void loadButtonImages(const QString &tag, const QString &files) override;
   void deviceImagesChanged() override;
+  void redrawGrid() override;
 
   void setLeft(std::int32_t lLeft) override;
   void setTop(std::int32_t lTop) override;

@@ -23,7 +23,6 @@ using testing::IsEmpty;
 namespace vnb::test {
 namespace {
 
-using Words = std::vector<std::string>;
 
 std::string name(QAccessibleInterface *interface) {
   return interface == nullptr ? "none" : interface->text(QAccessible::Name).toStdString();

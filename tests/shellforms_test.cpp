@@ -2,6 +2,7 @@
 #include "appearance/frmThemes.h"
 #include "appearance/images.h"
 #include "forms/dialogs.h"
+#include "forms/numberlist.h"
 #include "forms/textbox.h"
 #include "formtest.h"
 #include "shell/frmSettings.h"
@@ -15,7 +16,6 @@
 #include <QDir>
 #include <QImage>
 #include <QLabel>
-#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
@@ -102,7 +102,7 @@ TEST_F(SettingsDialog, TheGridBoxHoldsANumber) {
   for (const auto &[typed, due] :
        sides({"7 -> 7", "999 -> 999", "1234 -> 123", "12abc -> 12", "abc -> 0", "007 -> 7",
               " 8 -> 8", "1.5 -> 1.5, 2", "2.5 -> 2.5, 2", ".5 -> 0.5, 0", "-5 -> -5", "-0 -> 0",
-              "\u0416 -> 0"})) {
+              "9e9 -> 900", "\u0416 -> 0"})) {
     paste(typed);
     std::string outcome = box().text().toStdString();
     click("cmdOK");
@@ -202,7 +202,7 @@ protected:
     frmThemes::View = this;
     theme(
         "good",
-        "<T><INFO><TITLE>Good &lt;b&gt;</TITLE><AUTHOR>Ann</AUTHOR>"
+        "<T><INFO><TITLE>\n Good\n &lt;b&gt; </TITLE><AUTHOR>Ann</AUTHOR>"
         "<DESCRIPTION>Fine.\nTwo lines.</DESCRIPTION></INFO><INFO><TITLE>No</TITLE></INFO>"
         "<COLORS><c for='grid' color='#010000'/><c for='text' color='#020000'/></COLORS><BUTTONS/>"
         "<DEVICES><d name='router' image='a.png'/></DEVICES></T>");
@@ -227,20 +227,23 @@ protected:
       file.write(bytes);
   }
 
-  static QListWidget &list() { return control<QListWidget>("lstThemes"); }
+  static NumberList &list() { return control<NumberList>("lstThemes"); }
   /// The lines of this test's own themes, without their prefix.
   Words lines(bool selectedOnly = false) const {
     Words lines;
-    for (const QListWidgetItem *item : list().findItems(m_prefix, Qt::MatchStartsWith))
-      if (item->isSelected() || !selectedOnly)
-        lines.push_back(item->text().mid(m_prefix.size()).toStdString());
+    for (int row = 0; const NumberRow &line : list().rows()) {
+      const bool selected = row++ == list().ListIndex();
+      if (line.text.startsWith(m_prefix) && (selected || !selectedOnly))
+        lines.push_back(line.text.mid(m_prefix.size()).toStdString());
+    }
     return lines;
   }
   Words selectedLines() const { return lines(true); }
   void pick(const QByteArray &theme) {
-    const auto items = list().findItems(name(theme), Qt::MatchExactly);
-    ASSERT_EQ(items.size(), 1) << theme.toStdString();
-    list().setCurrentItem(items[0]);
+    const auto &rows = list().rows();
+    const auto row = std::ranges::find(rows, name(theme), &NumberRow::text);
+    ASSERT_NE(row, rows.end()) << theme.toStdString();
+    list().setListIndex(static_cast<int>(row - rows.begin()));
   }
   /// What the picker tells of the theme picked.
   static std::string info() {
@@ -260,6 +263,7 @@ protected:
   }
   void loadButtonImages(const QString & /*tag*/, const QString & /*files*/) override {}
   void deviceImagesChanged() override { calls.emplace_back("devices"); }
+  void redrawGrid() override { calls.emplace_back("redrawGrid"); }
 
   Words calls;
 
@@ -277,8 +281,8 @@ TEST_F(ThemePicker, ListsTheFoldersAndSelectsTheThemeInForce) {
   EXPECT_THAT(selectedLines(), ElementsAre("good"));
   EXPECT_EQ(text("lblCurTheme"), ThemeName.toStdString());
   EXPECT_EQ(info(), "Name: Good <b>|Author: Ann|Fine.\nTwo lines.");
-  for (const char16_t *none : {u".", u".."})
-    EXPECT_TRUE(list().findItems(QString::fromUtf16(none), Qt::MatchExactly).isEmpty());
+  for (const NumberRow &line : list().rows())
+    EXPECT_TRUE(line.text != u"." && line.text != u"..");
   file.remove();
 
   Form<frmThemes>::unload();
@@ -341,8 +345,8 @@ TEST_F(ThemePicker, AFailingSwitchGoesBackToTheThemeInForce) {
   pick("bad");
   click("cmdSwitch");
   EXPECT_EQ(values(), before);
-  EXPECT_EQ(calls.back(), "UpdateColors #665544");
-  EXPECT_EQ(calls.end()[-2], "linkColorChanged");
+  EXPECT_THAT(Words(calls.end() - 3, calls.end()),
+              ElementsAre("linkColorChanged", "UpdateColors #665544", "redrawGrid"));
   EXPECT_EQ(DeviceImages(1).size(), QSize(5, 7));
   expectInForce("good");
   EXPECT_THAT(selectedLines(), ElementsAre("bad"));
@@ -350,7 +354,8 @@ TEST_F(ThemePicker, AFailingSwitchGoesBackToTheThemeInForce) {
   QDir(folder("good")).removeRecursively();
   click("cmdSwitch");
   EXPECT_EQ(boxes.texts, Words(3, "The theme \"" + name("bad").toStdString() +
-                                      "\" can't be loaded.\nFile not found"));
+                                      "\" can't be loaded.\nFile not found\n" +
+                                      folder("bad").toStdString() + "/none.png"));
   expectInForce("good"); // also when it is there no more
   EXPECT_EQ(values(), before);
 }
