@@ -57,7 +57,10 @@ void refuse() {
 
 frmToolbox::frmToolbox() : FormWindow("frmToolbox", "Toolbox", {3540, 1290}) {
   m_cboItem = add<DropDown>(*this, QStringLiteral("cboItem"));
-  m_cboItem->setAccessibleName(QStringLiteral("Device type"));
+  // For assistive technology, which takes a drop-down list's name from its value.
+  QLabel *lblItem = addLabel(*this, QStringLiteral("lblItem"), QStringLiteral("Device type:"), {});
+  describe(*m_cboItem, *lblItem);
+  lblItem->hide();
   m_cboItem->setMaxVisibleItems(static_cast<int>(items.size()));
   place(*m_cboItem, 90, 375, 1860, 300);
   auto *cmdAdd = addCaptioned<QPushButton>(*this, "cmdAdd", "Add to LAN", {90, 765, 1860, 360});

@@ -23,7 +23,6 @@ using testing::IsEmpty;
 namespace vnb::test {
 namespace {
 
-
 std::string name(QAccessibleInterface *interface) {
   return interface == nullptr ? "none" : interface->text(QAccessible::Name).toStdString();
 }
@@ -141,6 +140,10 @@ TEST_F(AccessibleSurface, ControlsHaveTheirRolesAndActions) {
   const auto labels = of(device, "cboLock1")->relations(QAccessible::Label);
   ASSERT_EQ(labels.size(), 1);
   EXPECT_EQ(name(labels[0].first), "Lock 2:");
+  const auto itemLabels =
+      of(Form<frmToolbox>::instance(), "cboItem")->relations(QAccessible::Label);
+  ASSERT_EQ(itemLabels.size(), 1);
+  EXPECT_EQ(name(itemLabels[0].first), "Device type:");
   EXPECT_EQ(of(Form<frmToolbox>::instance(), "picPreview")->role(), QAccessible::Graphic);
 
   QAccessibleInterface *picNew = of(main, "picNew");
