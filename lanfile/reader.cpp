@@ -77,12 +77,13 @@ private:
   /// A header line: `take` gets the text behind a key of `keyLength` letters and one blank.
   template <class Take>
   bool headerLine(HeaderField field, std::size_t keyLength, Take take) {
+    // After a fault as well: a box must not show what the file before had.
     return m_report([&] {
-      nextLine();
-      const std::string line = normalised(m_lines.current());
-      take(std::string_view(line).substr(std::min(keyLength + 1, line.size())));
-      m_view.headerRead(field);
-    });
+             nextLine();
+             const std::string line = normalised(m_lines.current());
+             take(std::string_view(line).substr(std::min(keyLength + 1, line.size())));
+           }) &&
+           m_report([&] { m_view.headerRead(field); });
   }
 
   bool readHeader() {

@@ -132,8 +132,8 @@ TEST_F(Editor, AFileFillsTheLanInformation) {
   EXPECT_EQ(shown({"NAME N", "COMPANY C", "IP 1", "XPOS 12345", "YPOS -7"}, 0), "N|C|1|12345|-7|")
       << "longer than what can be typed";
   EXPECT_EQ(LanHeader.XPOS, 12345) << "a filled box isn't an edited one";
-  EXPECT_EQ(shown({"NAME M", "COMPANY D", "IP 2", "XPOS east", "YPOS 9"}, 1), "M|D|2|12345|9|")
-      << "a fault leaves its box as it was";
+  EXPECT_EQ(shown({"NAME M", "COMPANY D", "IP 2", "XPOS east", "YPOS 9"}, 1), "M|D|2|0|9|")
+      << "not what the file before had";
 }
 
 TEST_F(Editor, NoFileLeavesTheWindowUnusable) {
