@@ -3,6 +3,9 @@
 
 #include "runtime/codepage.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QValidator>
 
 #include <algorithm>
@@ -16,6 +19,11 @@ QString held(const QString &text) {
   return result.replace(u'\r', u' '); // a line of the file can't hold a line end
 }
 
+/// A file may give line feeds, which it ends no line with; other programs would take them for ends.
+QString oneLine(QString entered) {
+  return entered.replace(u'\n', u' ');
+}
+
 } // namespace
 
 /// Mends a text before it is laid out: a page of pasted exotic script would cost seconds first.
@@ -24,7 +32,7 @@ public:
   explicit Entry(TextBox &box) : QValidator(&box), m_box(box) {}
 
   State validate(QString &input, int &pos) const override {
-    const QString mended = held(input);
+    const QString mended = input == m_box.m_given ? held(input) : oneLine(held(input));
     if (mended != input) {
       pos = static_cast<int>(held(input.first(pos)).size());
       input = mended;
@@ -50,6 +58,26 @@ void TextBox::setContent(const QString &text) {
   // A long text shows from its start.
   if (!hasFocus())
     setCursorPosition(0);
+}
+
+/// Mended before it is entered, where keys enter it: a text that is mended afterwards is set anew,
+/// and there is no undo behind that.
+void TextBox::keyPressEvent(QKeyEvent *event) {
+  const bool paste = event->matches(QKeySequence::Paste);
+  const QString entered = paste ? QGuiApplication::clipboard()->text() : event->text();
+  const bool command = event->modifiers().testFlag(Qt::ControlModifier) && !paste;
+  const bool typed = !command && !entered.isEmpty() && (paste || entered[0].isPrint());
+  const QString mended = typed ? fitting(entered) : entered;
+  if (mended == entered)
+    QLineEdit::keyPressEvent(event);
+  else if (!mended.isEmpty())
+    insert(mended);
+}
+
+/// As much of what is entered as there is room for, in characters that a file can hold.
+QString TextBox::fitting(const QString &entered) const {
+  const qsizetype unselected = text().size() - selectedText().size();
+  return oneLine(held(entered)).left(std::max<qsizetype>(m_limit - unselected, 0));
 }
 
 void TextBox::noteState() {

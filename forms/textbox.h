@@ -8,8 +8,9 @@
 
 namespace vnb {
 
-/// A character that the code page can't hold becomes "?" as it is typed or pasted, so that what one
-/// sees is what is saved. Any change of the text, the user's or the program's, raises textChanged.
+/// A character that the code page can't hold becomes "?" as it is typed or pasted, and a line end a
+/// blank, so that what one sees is what is saved. Any change of the text, the user's or the
+/// program's, raises textChanged.
 class TextBox : public QLineEdit {
 public:
   static constexpr int noLimit = std::numeric_limits<int>::max();
@@ -20,9 +21,13 @@ public:
   /// Sets the text by the program, whatever its length.
   void setContent(const QString &text);
 
+protected:
+  void keyPressEvent(QKeyEvent *event) override;
+
 private:
   class Entry;
 
+  QString fitting(const QString &entered) const;
   void noteState();
   void cutToLimit(QString &text, int &cursor) const;
 

@@ -9,6 +9,8 @@
 #include "panels/frmSubnet.h"
 #include "runtime/codepage.h"
 
+#include <QClipboard>
+
 #include <random>
 
 using testing::ElementsAre;
@@ -69,11 +71,14 @@ TEST_F(Panels, ABoxHoldsToItsLimitAndRoundsItsNumber) {
     limited.insert(QString::fromLatin1(entered));
     EXPECT_EQ(limited.text(), QString::fromLatin1(due)) << given << " + " << entered;
   }
-  limited.setContent(QStringLiteral("123456"));
-  limited.selectAll();
-  limited.insert(QStringLiteral("9"));
-  limited.undo();
-  EXPECT_EQ(limited.text(), u"123456");
+  for (const char *keys : {"9", "98765"}) {
+    limited.setContent(QStringLiteral("123456"));
+    limited.selectAll();
+    QTest::keyClicks(&limited, QString::fromLatin1(keys));
+    EXPECT_EQ(limited.text(), QString::fromLatin1(keys).left(3));
+    limited.undo();
+    EXPECT_EQ(limited.text(), u"123456") << "after " << keys;
+  }
   for (const auto &[typed, stored] : std::vector<std::pair<const char *, int>>{
            {"1.5", 2}, {"2.5", 2}, {"12x", 12}, {"abc", 0}, {"", 0}}) {
     limited.setText(QString::fromLatin1(typed));
@@ -85,6 +90,14 @@ TEST_F(Panels, ABoxHoldsToItsLimitAndRoundsItsNumber) {
   pick(hub);
   box<frmDevice>("txtPhone").insert(QStringLiteral(" 5\u2192€"));
   EXPECT_EQ(Systems[hub].sDataX, QStringLiteral(" 5?€")) << "one sees what is saved";
+  QGuiApplication::clipboard()->setText(QStringLiteral("one\ntwo\u2192"));
+  TextBox &data = box<frmDevice>("txtData");
+  QTest::keyClick(&data, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(data.text(), u"one two?");
+  data.undo();
+  EXPECT_EQ(data.text(), u"");
+  data.paste(); // as the box's own menu does
+  EXPECT_EQ(data.text(), u"one two?");
 }
 
 TEST_F(Panels, LocksOfTheSelectedServerAreFramed) {
