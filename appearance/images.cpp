@@ -29,13 +29,7 @@ QStringList fields(const QString &files, qsizetype due, const char *description)
 /// every case: a missing one would otherwise show only with some themes.
 QPixmap pictureOr(const QString &file, const QString &builtIn) {
   requireResPicture(builtIn);
-  if (file.isEmpty())
-    return LoadResPicture(builtIn);
-  try {
-    return LoadPicture(file);
-  } catch (const RuntimeError &error) {
-    throw error.about(file); // one of more than fifty
-  }
+  return file.isEmpty() ? LoadResPicture(builtIn) : LoadPicture(file);
 }
 
 /// `picture` on black: lines must not show through devices, and opaque pictures are painted several

@@ -60,14 +60,14 @@ QString variant(const QString &path) {
 QPixmap LoadPicture(const QString &path) {
   constexpr int largest = 4096;
   if (!QFileInfo::exists(path))
-    throw RuntimeError(Fault::FileNotFound);
+    throw RuntimeError(Fault::FileNotFound).about(path);
   if (!QFileInfo(path).isFile())
-    throw RuntimeError(Fault::PathFileAccess);
+    throw RuntimeError(Fault::PathFileAccess).about(path);
   QImageReader reader(variant(path)); // tells the scale by the name
   const QSize size = reader.size();
   QImage image;
   if (size.width() > largest || size.height() > largest || !reader.read(&image) || image.isNull())
-    throw RuntimeError(Fault::InvalidPicture);
+    throw RuntimeError(Fault::InvalidPicture).about(path);
   return QPixmap::fromImage(std::move(image));
 }
 
