@@ -76,8 +76,7 @@ void TextBox::keyPressEvent(QKeyEvent *event) {
 
 /// As much of what is entered as there is room for, in characters that a file can hold.
 QString TextBox::fitting(const QString &entered) const {
-  const qsizetype unselected = text().size() - selectedText().size();
-  return oneLine(held(entered)).left(std::max<qsizetype>(m_limit - unselected, 0));
+  return oneLine(held(entered)).left(std::max<qsizetype>(m_limit - m_unselected, 0));
 }
 
 void TextBox::noteState() {
