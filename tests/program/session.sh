@@ -66,6 +66,7 @@ window_of() { [ -n "$(xdotool search --all --onlyvisible --pid "$1" --name "^$ti
 stands_at() { # WINDOW X Y
   eval "$(xdotool getwindowgeometry --shell "$1")" && [ "$X" -ge "$2" ] && [ "$Y" -ge "$3" ]
 }
+gone() { ! kill -0 "$1"; } # PID
 window_count() { [ "$(visible_windows | wc -l)" -eq "$1" ]; }
 
 # Waits until a window of this title is the active one.
@@ -98,6 +99,7 @@ start_and_wait() {
 # The program must have ended by itself, and well.
 ended() {
   local code=0
+  until_so gone "$pid"
   wait "$pid" || code=$?
   [ "$code" -eq 0 ] || fail "the program ended with $code"
 }
@@ -159,3 +161,9 @@ export DISPLAY
 openbox --sm-disable >"$session/openbox.log" 2>&1 &
 processes+=($!)
 until_so xdotool get_num_desktops
+# The very first key changes the keyboard's mapping, and the manager may lose keys while it takes its
+# shortcuts anew: no session begins before a shortcut of the manager has worked.
+on_desktop() { [ "$(xdotool get_desktop)" = "$1" ]; } # NUMBER
+goes_to_desktop() { on_desktop "$1" || { xdotool key "super+F$(($1 + 1))" && false; }; } # NUMBER
+until_so goes_to_desktop 1
+until_so goes_to_desktop 0
