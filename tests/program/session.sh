@@ -158,7 +158,9 @@ processes+=($!)
 until_so test -s "$session/display"
 DISPLAY=:$(cat "$session/display")
 export DISPLAY
-openbox --sm-disable >"$session/openbox.log" 2>&1 &
+# Its settings but for the window that tells which desktop one has come to.
+sed 's,<popupTime>.*<,<popupTime>0<,' /etc/xdg/openbox/rc.xml >"$session/rc.xml"
+openbox --sm-disable --config-file "$session/rc.xml" >"$session/openbox.log" 2>&1 &
 processes+=($!)
 until_so xdotool get_num_desktops
 # The very first key changes the keyboard's mapping, and the manager may lose keys while it takes its
