@@ -2,7 +2,7 @@
 #include "diagram/accessible.h"
 
 #include "diagram/surface.h"
-#include "document/modDeclares.h"
+#include "document/displaynames.h"
 
 #include <QAccessibleWidget>
 #include <QHash>
@@ -11,11 +11,6 @@ namespace vnb {
 namespace {
 
 const QString linkAction = QStringLiteral("link");
-
-QString deviceName(std::int32_t number) {
-  const std::int32_t lType = Systems[static_cast<std::size_t>(number)].lType;
-  return NameFromType(lType, true) + u' ' + QString::number(number);
-}
 
 /// A device or link, told by its number: it is whatever has that number now.
 class Item : public QAccessibleInterface {

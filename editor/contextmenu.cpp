@@ -2,24 +2,13 @@
 #include "editor/contextmenu.h"
 
 #include "appearance/images.h"
+#include "document/displaynames.h"
 #include "runtime/messagebox.h"
 
 namespace vnb {
 namespace {
 
 constexpr std::int32_t firstType = 2; // the router can't be chosen
-
-/// "Link to Hub 3", or "Link from" where the link ends at `Index`.
-QString linkCaption(std::int32_t lLink, std::int32_t Index) {
-  const LinkRec &link = Links[static_cast<std::size_t>(lLink)];
-  const bool to = link.lFrom == Index;
-  const std::int32_t other = to ? link.lTo : link.lFrom;
-  const std::int32_t lType = other >= 0 && other <= UBound(Systems)
-                                 ? Systems[static_cast<std::size_t>(other)].lType
-                                 : SystemType::Unknown;
-  return (to ? QStringLiteral("Link to ") : QStringLiteral("Link from ")) +
-         NameFromType(lType, true) + u' ' + QString::number(other);
-}
 
 bool confirmed(const QString &question) {
   return showMessageBox({.title = QStringLiteral("Really remove it?"),
@@ -54,7 +43,7 @@ void ContextMenu::addLinks(QMenu &mnuPopup, std::int32_t Index) {
     const std::vector<std::int32_t> links = RetrieveLinks(Index);
     for (std::size_t i = 1; i < links.size(); ++i) {
       const std::int32_t lLink = links[i];
-      const QString caption = linkCaption(lLink, Index);
+      const QString caption = linkName(Links[static_cast<std::size_t>(lLink)], Index);
       QAction *mnuLink = mnuLinks->addAction(caption);
       QObject::connect(mnuLink, &QAction::triggered, mnuLink,
                        [this, caption, lLink] { mnuLink_Click(caption, lLink); });

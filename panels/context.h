@@ -20,7 +20,4 @@ inline SystemRec &selectedSystem() {
   return Systems[static_cast<std::size_t>(lSelectedItem)];
 }
 
-/// "Main server 3": the displayed name and number of a device.
-QString deviceName(std::int32_t lIndex);
-
 } // namespace vnb

@@ -2,6 +2,7 @@
 #include "panels/frmLinks.h"
 
 #include "appearance/colours.h"
+#include "document/displaynames.h"
 #include "forms/numberlist.h"
 #include "forms/textbox.h"
 #include "panels/context.h"
@@ -167,10 +168,7 @@ void frmLinks::fillList() {
   rows.reserve(links.size() - 1);
   for (std::size_t i = 1; i < links.size(); ++i) {
     const LinkRec &link = Links[static_cast<std::size_t>(links[i])];
-    rows.push_back({.text = isFirstEnd(link)
-                                ? QStringLiteral("Link to ") + deviceName(link.lTo)
-                                : QStringLiteral("Link from ") + deviceName(link.lFrom),
-                    .number = links[i]});
+    rows.push_back({.text = linkName(link, lSelectedItem), .number = links[i]});
   }
   m_lstLinks->setRows(std::move(rows));
 }

@@ -2,6 +2,7 @@
 #include "panels/frmSubnet.h"
 
 #include "appearance/colours.h"
+#include "document/displaynames.h"
 #include "forms/controls.h"
 #include "forms/numberlist.h"
 #include "panels/context.h"

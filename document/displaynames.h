@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+/// How devices and links are called where people read of them.
+#pragma once
+
+#include "document/modDeclares.h"
+
+namespace vnb {
+
+/// "Main server 3": displayed name and number; an unknown device if there is none of that number.
+QString deviceName(std::int32_t lIndex);
+
+/// "Link to Hub 3" as seen from system `lIndex`, "Link from Hub 3" where the link ends there.
+QString linkName(const LinkRec &link, std::int32_t lIndex);
+
+} // namespace vnb
