@@ -43,19 +43,37 @@ void PictureButton::paintEvent(QPaintEvent * /*event*/) {
   }
 }
 
-void PictureButton::mousePressEvent(QMouseEvent * /*event*/) {
+void PictureButton::press() {
+  m_pressed = true;
+  window()->installEventFilter(this);
   fire(MouseDown);
+}
+
+void PictureButton::release() {
+  m_pressed = false;
+  window()->removeEventFilter(this);
+  fire(MouseUp);
+}
+
+bool PictureButton::eventFilter(QObject * /*window*/, QEvent *event) {
+  if (event->type() == QEvent::WindowBlocked)
+    release();
+  return false;
+}
+
+void PictureButton::mousePressEvent(QMouseEvent * /*event*/) {
+  press();
 }
 
 // A quick second press is a press like the first.
 void PictureButton::mouseDoubleClickEvent(QMouseEvent * /*event*/) {
-  fire(MouseDown);
+  press();
 }
 
 void PictureButton::mouseReleaseEvent(QMouseEvent *event) {
-  const bool inside = rect().contains(event->position().toPoint());
-  fire(MouseUp);
-  if (inside)
+  const bool click = m_pressed && rect().contains(event->position().toPoint());
+  release();
+  if (click)
     fire(Click);
 }
 

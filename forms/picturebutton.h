@@ -10,7 +10,8 @@
 namespace vnb {
 
 /// A picture that reacts to the pointer with any mouse button, and to space and Enter. While
-/// pressed it keeps the pointer; a click is a release inside, and comes after MouseUp.
+/// pressed it keeps the pointer; a click is a release inside, and comes after MouseUp. A modal
+/// dialog takes the pointer away, which is a release outside.
 class PictureButton : public QWidget {
 public:
   /// Shows the built-in bitmap `tag` until it is given another picture.
@@ -30,10 +31,16 @@ protected:
   void mouseReleaseEvent(QMouseEvent *event) override;
   void mouseMoveEvent(QMouseEvent *event) override;
   void keyPressEvent(QKeyEvent *event) override;
+  /// Of its window, while it is pressed.
+  bool eventFilter(QObject *window, QEvent *event) override;
 
 private:
+  void press();
+  void release();
+
   QString m_tag;
   QPixmap m_picture;
+  bool m_pressed = false;
 };
 
 } // namespace vnb

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTimer>
 #include <QToolTip>
 
@@ -105,6 +106,14 @@ TEST_F(Editor, ButtonsShowTheirStateAndRunOnlyInside) {
   EXPECT_EQ(button->grab().toImage(), off);
   EXPECT_THAT(dialogs, IsEmpty());
   QTest::mouseClick(button, Qt::MiddleButton);
+  EXPECT_EQ(dialogs.size(), 1U);
+
+  QTest::mousePress(button, Qt::LeftButton);
+  QMessageBox box(&main);
+  box.open();
+  EXPECT_EQ(button->grab().toImage(), off) << "the release goes to the box";
+  box.close();
+  QTest::mouseRelease(button, Qt::LeftButton);
   EXPECT_EQ(dialogs.size(), 1U);
 }
 
