@@ -18,20 +18,35 @@ ThemeView *frmThemes::View = nullptr;
 
 namespace {
 
-/// The colours in force, to go back to when a theme fails halfway.
-class ColoursInForce {
+/// The theme in force, the user's own colours and the grid, to go back to when another theme fails.
+class LookInForce {
 public:
-  ColoursInForce() {
+  explicit LookInForce(const ThemeView &view) : m_grid(view.hasGrid()) {
     for (const Colour *colour : allColours())
       m_colours.push_back(*colour);
   }
-  void restore() const {
+
+  /// Loads that theme again. What fails here failed before as well, and was told then.
+  void restore(ThemeView &view) const {
+    try {
+      LoadTheme(m_file, view);
+    } catch (const RuntimeError &) {
+      ThemeFile = m_file;
+      ThemeName = m_name;
+    }
     for (std::size_t i = 0; i < m_colours.size(); ++i)
       *allColours()[i] = m_colours[i];
+    view.linkColorChanged();
+    view.UpdateColors();
+    if (m_grid)
+      view.redrawGrid();
   }
 
 private:
+  QString m_file = ThemeFile;
+  QString m_name = ThemeName;
   std::vector<Colour> m_colours;
+  bool m_grid;
 };
 
 void tell(const QString &text) {
@@ -39,22 +54,6 @@ void tell(const QString &text) {
                   .text = text,
                   .icon = MessageBox::Icon::Exclamation,
                   .buttons = MessageBox::Buttons::Ok});
-}
-
-/// Loads the theme that was in force again, with the colours as they were. What fails here failed
-/// before as well, and was told then.
-void goBack(const QString &earlierFile, const QString &earlierName, const ColoursInForce &colours,
-            ThemeView &view) {
-  try {
-    LoadTheme(earlierFile, view);
-  } catch (const RuntimeError &) {
-    ThemeFile = earlierFile;
-    ThemeName = earlierName;
-  }
-  colours.restore();
-  view.linkColorChanged();
-  view.UpdateColors();
-  view.redrawGrid();
 }
 
 const XmlElement *firstChild(const XmlElement &parent, QStringView tagName) {
@@ -166,13 +165,11 @@ void frmThemes::cmdSwitch_Click() {
     tell(QStringLiteral("Pick a theme in the list first."));
     return;
   }
-  const QString earlierFile = ThemeFile;
-  const QString earlierName = ThemeName;
-  const ColoursInForce colours;
+  const LookInForce earlier(*View);
   try {
     LoadTheme(selected(), *View);
   } catch (const RuntimeError &error) {
-    goBack(earlierFile, earlierName, colours, *View);
+    earlier.restore(*View);
     tell(QStringLiteral("The theme \"%1\" can't be loaded.\n%2")
              .arg(selected(), error.description()));
   }

@@ -30,7 +30,9 @@ public:
   virtual void loadButtonImages(const QString &tag, const QString &files) = 0;
   /// DeviceImages is new: every sprite takes its picture.
   virtual void deviceImagesChanged() = 0;
-  /// A switch failed, and the theme that was in force is so again: the grid comes back.
+  /// Colours wipe the grid. A switch that fails asks first whether there was one, and brings it
+  /// back.
+  virtual bool hasGrid() const { return false; }
   virtual void redrawGrid() {}
 };
 

@@ -37,6 +37,7 @@ public:
   void setBackColor(Colour colour);
   /// Wipes the grid.
   void Cls();
+  bool hasGrid() const { return m_grid.distance != 0; }
   /// Draws the grid, GridRes apart in GridColor, on the persistent layer. `yield` is called for
   /// each step. Draws nothing at a distance of 0 or below.
   void DrawGrid(const std::function<void()> &yield = {});

@@ -17,6 +17,7 @@ public:
   explicit Viewport(QWidget &form);
 
   Surface &picLayout() { return *m_picLayout; }
+  const Surface &picLayout() const { return *m_picLayout; }
   QScrollBar &hsbScroll() { return *m_hsbScroll; }
   QScrollBar &vsbScroll() { return *m_vsbScroll; }
 

@@ -78,6 +78,7 @@ private:
   void updateOwnColors();
   void loadButtonImages(const QString &tag, const QString &files) override;
   void deviceImagesChanged() override;
+  bool hasGrid() const override { return m_viewport.picLayout().hasGrid(); }
   void redrawGrid() override;
 
   void setLeft(std::int32_t lLeft) override;

@@ -263,9 +263,11 @@ protected:
   }
   void loadButtonImages(const QString & /*tag*/, const QString & /*files*/) override {}
   void deviceImagesChanged() override { calls.emplace_back("devices"); }
+  bool hasGrid() const override { return grid; }
   void redrawGrid() override { calls.emplace_back("redrawGrid"); }
 
   Words calls;
+  bool grid = true;
 
 private:
   const QString m_prefix = QStringLiteral(".picker-%1-").arg(QCoreApplication::applicationPid());
@@ -351,12 +353,14 @@ TEST_F(ThemePicker, AFailingSwitchGoesBackToTheThemeInForce) {
   expectInForce("good");
   EXPECT_THAT(selectedLines(), ElementsAre("bad"));
 
+  grid = false;
   QDir(folder("good")).removeRecursively();
   click("cmdSwitch");
   EXPECT_EQ(boxes.texts, Words(3, "The theme \"" + name("bad").toStdString() +
                                       "\" can't be loaded.\nFile not found\n" +
                                       folder("bad").toStdString() + "/none.png"));
   expectInForce("good"); // also when it is there no more
+  EXPECT_THAT(calls.back(), "UpdateColors #665544") << "no grid comes where none was";
   EXPECT_EQ(values(), before);
 }
 
