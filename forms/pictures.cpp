@@ -41,8 +41,13 @@ void requireResPicture(const QString &name) {
 
 namespace {
 
+struct Variant {
+  QString path;
+  int scale; // pixels of it to a pixel of the design
+};
+
 /// The sharp variant of a picture for the screen's scale, or the picture itself.
-QString variant(const QString &path) {
+Variant variant(const QString &path) {
   const QFileInfo file(path);
   for (int scale = std::min(3, static_cast<int>(std::ceil(qApp->devicePixelRatio()))); scale > 1;
        --scale) {
@@ -50,9 +55,9 @@ QString variant(const QString &path) {
         QStringLiteral("%1/%2@%3x.%4")
             .arg(file.path(), file.completeBaseName(), QString::number(scale), file.suffix());
     if (QFileInfo(sharp).isFile())
-      return sharp;
+      return {std::move(sharp), scale};
   }
-  return path;
+  return {path, 1};
 }
 
 } // namespace
@@ -63,11 +68,14 @@ QPixmap LoadPicture(const QString &path) {
     throw RuntimeError(Fault::FileNotFound).about(path);
   if (!QFileInfo(path).isFile())
     throw RuntimeError(Fault::PathFileAccess).about(path);
-  QImageReader reader(variant(path)); // tells the scale by the name
+  const Variant chosen = variant(path);
+  QImageReader reader(chosen.path);
   const QSize size = reader.size();
   QImage image;
   if (size.width() > largest || size.height() > largest || !reader.read(&image) || image.isNull())
-    throw RuntimeError(Fault::InvalidPicture).about(path);
+    throw RuntimeError(Fault::InvalidPicture).about(chosen.path);
+  // Not what the reader makes of the name: it looks no further than the first point.
+  image.setDevicePixelRatio(chosen.scale);
   return QPixmap::fromImage(std::move(image));
 }
 

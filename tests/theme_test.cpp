@@ -72,7 +72,7 @@ protected:
   void deviceImagesChanged() override { calls.push_back("devices, hub " + size(2)); }
 
   static std::string size(std::int32_t lType) {
-    const QPixmap &image = DeviceImages(lType);
+    const QSize image = DeviceImages(lType).deviceIndependentSize().toSize();
     return std::to_string(image.width()) + "x" + std::to_string(image.height());
   }
 
@@ -190,6 +190,9 @@ TEST_F(ThemeLoader, AFaultyDevicePictureLeavesTheLowerTypesDone) {
     EXPECT_EQ(size(1) + " " + size(2) + " " + size(3) + " " + size(11), "5x7 48x20 72x51 32x32");
     EXPECT_EQ(calls.back(), "DELSUB ||") << "the sprites are left alone";
   }
+  picture("sharp@2x.png", 6, 8);
+  ASSERT_EQ(loadDevices("<d name='router' image='sharp@2x.png'/>"), "");
+  EXPECT_EQ(size(1), "6x8") << "the theme's own choice of a name";
   ASSERT_EQ(loadDevices({}), "");
   EXPECT_EQ(loadDevices("<d name='router' image='a.png'/><d name='hub' image='a|b.png'/>"),
             "Incorrect paramaters to LoadDeviceImages!");
