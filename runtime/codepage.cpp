@@ -89,7 +89,9 @@ int codePageNumber(const QString &locale) {
   case QLocale::Romanian:
   case QLocale::Slovak:
   case QLocale::Slovenian:
+  case QLocale::Turkmen:
     return 1250;
+  case QLocale::Bashkir:
   case QLocale::Belarusian:
   case QLocale::Bulgarian:
   case QLocale::Kazakh:
@@ -97,6 +99,8 @@ int codePageNumber(const QString &locale) {
   case QLocale::Macedonian:
   case QLocale::Mongolian:
   case QLocale::Russian:
+  case QLocale::Sakha:
+  case QLocale::Tajik:
   case QLocale::Tatar:
   case QLocale::Ukrainian:
     return 1251;
@@ -112,7 +116,9 @@ int codePageNumber(const QString &locale) {
   case QLocale::Yiddish:
     return 1255;
   case QLocale::Arabic:
+  case QLocale::CentralKurdish:
   case QLocale::Persian:
+  case QLocale::Uighur:
   case QLocale::Urdu:
     return 1256;
   case QLocale::Estonian:

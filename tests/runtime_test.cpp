@@ -100,9 +100,10 @@ TEST(CodePage, MapsAllBytesOneToOneAndMarksTheRest) {
 
 TEST(CodePage, FollowsTheLocaleOfCharacters) {
   for (const auto &[locale, number] :
-       sides({"pl_PL.UTF-8 -> 1250", "sr_RS@latin -> 1250", "ru_RU.UTF-8 -> 1251", "ru -> 1251",
-              "sr_RS -> 1251", "de_DE@euro -> 1252", "el_GR.ISO-8859-7 -> 1253", "C.UTF-8 -> 1252",
-              "POSIX -> 1252", " -> 1252"}))
+       sides({"pl_PL.UTF-8 -> 1250", "tk_TM -> 1250", "tg_TJ.UTF-8 -> 1251", "ckb_IQ -> 1256",
+              "sr_RS@latin -> 1250", "ru_RU.UTF-8 -> 1251", "ru -> 1251", "sr_RS -> 1251",
+              "de_DE@euro -> 1252", "el_GR.ISO-8859-7 -> 1253", "C.UTF-8 -> 1252", "POSIX -> 1252",
+              " -> 1252"}))
     EXPECT_EQ(std::to_string(codePageNumber(QString::fromStdString(locale))), number) << locale;
 }
 
