@@ -23,6 +23,14 @@ QMessageBox::Icon icon(MessageBox::Icon icon) {
   return QMessageBox::NoIcon;
 }
 
+/// The window that had the keys. Between two boxes in a row none has them yet.
+QWidget *asker() {
+  static QPointer<QWidget> last;
+  if (QWidget *active = QApplication::activeWindow())
+    last = active;
+  return last && last->isVisible() ? last : nullptr;
+}
+
 std::optional<QString> showQtFileDialog(const FileDialog &request) {
   QFileDialog dialog(request.owner, request.title, request.folder);
   dialog.setAcceptMode(request.kind == FileDialog::Kind::Save ? QFileDialog::AcceptSave
@@ -57,7 +65,7 @@ std::optional<QRgb> showQtColourDialog(const ColourDialog &request) {
 
 Answer showMessageWindow(const MessageBox &box) {
   const bool ask = box.buttons == MessageBox::Buttons::YesNo;
-  const QPointer<QWidget> before = QApplication::activeWindow();
+  const QPointer<QWidget> before = asker();
   QMessageBox window(icon(box.icon), box.title, box.text,
                      ask ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, before);
   // Error descriptions and device texts are not HTML.
