@@ -238,7 +238,7 @@ bool frmLinks::readBoxes(double &x, double &y) const {
     return true;
   } catch (const RuntimeError &) {
     showMessageBox({.title = QStringLiteral("Links"),
-                    .text = QStringLiteral("X and Y must be numbers, such as 0.5. "
+                    .text = QStringLiteral("X and Y must be numbers within reach, such as 0.5. "
                                            "The link stays where it is."),
                     .icon = MessageBox::Icon::Exclamation,
                     .buttons = MessageBox::Buttons::Ok});
@@ -285,6 +285,7 @@ void frmLinks::cmdRemove_Click() {
                         .buttons = MessageBox::Buttons::YesNo}) != Answer::Yes)
       return;
     panelContext.operations->RemoveLink(chosen.number, false);
+    panelContext.selection->ClearLinkHilites(); // another line has its number now
     m_lstLinks->removeRow(row);
     m_lstLinks->renumber([&](std::int32_t &number) {
       if (number > chosen.number)

@@ -322,7 +322,8 @@ void NaiveModel::pickPosition(int spot, std::optional<std::pair<double, double>>
     linkPanel->y = doubleText(inBoxes->second).toStdString();
   }
   if (!inBoxes) {
-    boxes.emplace_back("X and Y must be numbers, such as 0.5. The link stays where it is.");
+    boxes.emplace_back(
+        "X and Y must be numbers within reach, such as 0.5. The link stays where it is.");
     return;
   }
   (link->lFrom == selected ? link->dFromX : link->dToX) = inBoxes->first;
@@ -341,6 +342,7 @@ void NaiveModel::pickLinkLevel(int level) {
 void NaiveModel::removePickedLink() {
   const std::int32_t gone = linkPanel->rows[position(linkPanel->row)].number;
   removeLink(gone);
+  plainLines();
   linkPanel->rows.erase(linkPanel->rows.begin() + linkPanel->row);
   linkPanel->row = -1;
   for (NaiveRow &row : linkPanel->rows)

@@ -135,7 +135,8 @@ TEST_F(Panels, TheLinkPanelTellsAndAsksAndIsFilledWhenMadeAnew) {
   }
   QTest::mouseClick(&control<frmLinks>("cmdRemove"), Qt::LeftButton);
   EXPECT_EQ(dumpLinks(), "0@0.5,0.5-1@0.25,0/1");
-  const char *const told = "X and Y must be numbers, such as 0.5. The link stays where it is.";
+  const char *const told =
+      "X and Y must be numbers within reach, such as 0.5. The link stays where it is.";
   EXPECT_THAT(boxes.texts, ElementsAre(told, told,
                                        "Are you sure you want to remove the link from "
                                        "Router 0?"));
