@@ -98,8 +98,8 @@ void openPainted(benchmark::State &state) {
   }
 }
 
-void repaint(benchmark::State &state) {
-  bench().make(state.range(0), Shape::Normal);
+void repaint(benchmark::State &state, Shape shape) {
+  bench().make(state.range(0), shape);
   QImage image(window, QImage::Format_RGB32);
   const QRect area(QPoint(600, 700), window);
   for (auto _ : state) {
@@ -235,7 +235,8 @@ void fewSizes(benchmark::internal::Benchmark *rows) {
 }
 
 BENCHMARK(openPainted)->Name("OpenPainted/ours")->Apply(sizes);
-BENCHMARK(repaint)->Name("Repaint/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(repaint, , Shape::Normal)->Name("Repaint/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(repaint, , Shape::Star)->Name("RepaintStar/ours")->Apply(sizes);
 BENCHMARK(scrollStep)->Name("ScrollStep/ours")->Apply(sizes);
 BENCHMARK_CAPTURE(selectDevice, , Shape::Normal, 5, false)->Name("Select/ours")->Apply(sizes);
 BENCHMARK_CAPTURE(selectDevice, , Shape::Star, star, false)->Name("SelectStar/ours")->Apply(sizes);
