@@ -19,7 +19,7 @@ void Gestures::picSystem_MouseDown(std::int32_t Index, Qt::MouseButton Button, Q
                                    QPoint global) {
   reported(
       "frmMain", "picSystem_MouseDown",
-      [&] { m_selection.SelectItem(Index, SelectedColor, false); },
+      // Before the selection: a box that comes up there takes the release, and so ends the drag.
       [&] {
         if (Button != Qt::LeftButton)
           return;
@@ -34,7 +34,8 @@ void Gestures::picSystem_MouseDown(std::int32_t Index, Qt::MouseButton Button, Q
              .drop = [this, Index](QWidget &target,
                                    QPoint place) { dropSystem(target, place, Index); }},
             global);
-      });
+      },
+      [&] { m_selection.SelectItem(Index, SelectedColor, false); });
 }
 
 bool Gestures::takesDrops(const QWidget &target) const {

@@ -2,6 +2,7 @@
 // The pointer, driven through the windows as a display server would, the context menu and the keys.
 #include "forms/drag.h"
 #include "gesture.h"
+#include "panels/frmLinks.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -216,6 +217,27 @@ TEST_F(Gesture, TheBandRunsFromTheFirstDeviceToThePointer) {
   doubleClick(terminal);
   EXPECT_EQ(band(), "hidden");
   EXPECT_EQ(dumpLinks(), "1@0.5,0.5-2@0.5,0.5/1");
+}
+
+TEST_F(Gesture, APressThatBringsUpABoxStartsNoDrag) {
+  main.operations().AddLink(hub, .5, .5, terminal, .5, .5,
+                            9); // the link panel can't show this level
+  Form<frmLinks>::instance().move(main.width() + 100, 0);
+  Form<frmLinks>::instance().show();
+  QMessageBox box;
+  box.setModal(true);
+  int shown = 0;
+  showMessageBox = [&](const MessageBox & /*told*/) {
+    ++shown;
+    box.show();
+    QCoreApplication::processEvents();
+    box.hide();
+    return Answer::No;
+  };
+  press(hub);
+  EXPECT_EQ(shown, 1);
+  EXPECT_FALSE(Drag::instance().isActive());
+  Form<frmLinks>::unload();
 }
 
 /// A box that comes up in mid-press gets the release; the surface must not wait for it for ever.
