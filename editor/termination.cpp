@@ -41,6 +41,9 @@ Termination::Termination(std::function<void()> end, const std::function<void()> 
     end();
   });
   handleSignals(wake);
+  // A pipe without a reader and a file too large are errors to tell, not ends.
+  for (const int fault : {SIGPIPE, SIGXFSZ})
+    std::signal(fault, SIG_IGN);
 }
 
 } // namespace vnb

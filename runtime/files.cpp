@@ -77,7 +77,7 @@ void File::openForInput(const QString &path) {
 
 void File::openForOutput(const QString &path) {
   try {
-    open(path, O_WRONLY | O_CREAT | O_TRUNC);
+    open(path, O_WRONLY | O_CREAT);
   } catch (const RuntimeError &error) {
     // A file to be made is never missing itself: its folder is.
     if (error.number() == static_cast<std::int32_t>(Fault::FileNotFound))
@@ -87,7 +87,7 @@ void File::openForOutput(const QString &path) {
 }
 
 QByteArray File::readAll() {
-  constexpr qsizetype limit = qsizetype{1} << 30;
+  constexpr qsizetype limit = qsizetype{1} << 25;
   struct stat status {};
   if (::fstat(handle(), &status) != 0)
     throw systemError(errno);
@@ -115,7 +115,21 @@ QByteArray File::readAll() {
   return bytes;
 }
 
+/// Room for the new content first: a full disk must leave the old one whole.
+void File::reserve(off_t size) {
+  struct stat before {};
+  if (::fstat(handle(), &before) != 0 || ::fallocate(handle(), 0, 0, size) == 0)
+    return;
+  const int fault = errno;
+  if (fault != ENOSPC && fault != EDQUOT && fault != EFBIG)
+    return; // whatever has no room to reserve
+  [[maybe_unused]] const int undone = ::ftruncate(handle(), before.st_size);
+  throw systemError(fault);
+}
+
 void File::write(std::string_view bytes) {
+  const auto size = static_cast<off_t>(bytes.size());
+  reserve(size);
   while (!bytes.empty()) {
     const ssize_t done = ::write(handle(), bytes.data(), bytes.size());
     if (done < 0 && errno == EINTR)
@@ -124,6 +138,9 @@ void File::write(std::string_view bytes) {
       throw systemError(errno);
     bytes.remove_prefix(static_cast<std::size_t>(done));
   }
+  // The rest of a longer old content. Pipes and devices have none.
+  if (::ftruncate(handle(), size) != 0 && errno != EINVAL)
+    throw systemError(errno);
 }
 
 void File::flush() {

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <string_view>
+#include <sys/types.h>
 
 namespace vnb {
 
@@ -21,11 +22,12 @@ public:
 
   /// Opens a regular file; anything else (folders, pipes, devices) raises 75.
   void openForInput(const QString &path);
-  /// Opens or makes a file and empties it. Never waits for the other end of a pipe.
+  /// Opens or makes a file. Never waits for the other end of a pipe.
   void openForOutput(const QString &path);
-  /// The whole content. Raises 7 beyond 1 GiB.
+  /// The whole content. Raises 7 beyond 32 MiB: the largest LAN has 4, and laying out lines of more
+  /// takes a text box many seconds.
   QByteArray readAll();
-  /// Writes all of `bytes`.
+  /// Makes `bytes` the whole content. The old one stays if there is no room.
   void write(std::string_view bytes);
   /// Returns only when the content has reached the disk.
   void flush();
@@ -34,6 +36,7 @@ public:
 private:
   void open(const QString &path, int flags);
   int handle() const;
+  void reserve(off_t size);
 
   int m_handle = -1;
 };

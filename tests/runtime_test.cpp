@@ -12,9 +12,11 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <csignal>
 #include <limits>
 #include <new>
 #include <random>
+#include <sys/resource.h>
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -163,6 +165,22 @@ TEST(File, RaisesTheClassicNumbers) {
   full.openForOutput(QStringLiteral("/dev/full"));
   EXPECT_EQ(raised([&] { full.write("x"); }), "61");
   EXPECT_EQ(raised([] { File().write("x"); }), "52");
+}
+
+TEST(File, WritesAllOrNothing) {
+  const Folder folder;
+  const QString path = folder.file("the old content", "x");
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
+  const rlimit full{20, RLIM_INFINITY};
+  ::setrlimit(RLIMIT_FSIZE, &full); // as good as a full disk
+  File file;
+  file.openForOutput(path);
+  EXPECT_EQ(raised([&] { file.write(std::string(21, 'n')); }), "61");
+  ::setrlimit(RLIMIT_FSIZE, &none);
+  EXPECT_EQ(Folder::bytes(path), "the old content");
+  file.write("new");
+  EXPECT_EQ(Folder::bytes(path), "new");
 }
 
 /// Tags as "a(b c(d))".
