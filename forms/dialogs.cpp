@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
@@ -31,8 +32,28 @@ QWidget *asker() {
   return last && last->isVisible() ? last : nullptr;
 }
 
+/// Tells a file's kind without reading it: some files keep a reader waiting for ever.
+class Icons : public QFileIconProvider {
+public:
+  using QFileIconProvider::icon;
+  QIcon icon(const QFileInfo &file) const override { return icon(file.isDir() ? Folder : File); }
+  QString type(const QFileInfo &file) const override {
+    return file.isDir() ? QStringLiteral("Folder") : QStringLiteral("File");
+  }
+};
+
+/// The folder of the current file, or what is left of the way to it.
+QDir nearestFolder(const QFileInfo &file) {
+  QDir folder = file.absoluteDir();
+  while (!folder.exists() && !folder.isRoot())
+    folder = QFileInfo(folder.path()).absoluteDir();
+  return folder;
+}
+
 std::optional<QString> showQtFileDialog(const FileDialog &request) {
+  Icons icons;
   QFileDialog dialog(request.owner, request.title, request.folder);
+  dialog.setIconProvider(&icons);
   dialog.setAcceptMode(request.kind == FileDialog::Kind::Save ? QFileDialog::AcceptSave
                                                               : QFileDialog::AcceptOpen);
   dialog.setFileMode(request.kind == FileDialog::Kind::Save ? QFileDialog::AnyFile
@@ -45,8 +66,7 @@ std::optional<QString> showQtFileDialog(const FileDialog &request) {
   dialog.selectNameFilter(filters.value(std::max(request.filterIndex, 1) - 1));
   if (!request.fileName.isEmpty()) {
     const QFileInfo file(request.fileName);
-    if (file.absoluteDir().exists())
-      dialog.setDirectory(file.absoluteDir());
+    dialog.setDirectory(nearestFolder(file));
     dialog.selectFile(file.fileName());
   }
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
