@@ -140,23 +140,33 @@ void frmMain::Form_Load() {
       [] { Form<frmDevice>::instance().PopulateLockBoxes(); });
 }
 
-/// Shows the window at its stored place, and brings it back if that lies on no screen.
-void frmMain::showOnScreen() {
-  const bool one = m_storedLeft.has_value() != m_storedTop.has_value();
-  if (m_storedLeft && m_storedTop)
-    move(*m_storedLeft, *m_storedTop);
-  show();
-  if (one) {
-    // The other edge is where the window system puts it.
-    const QDeadlineTimer patience(500);
-    while (!windowHandle()->isExposed() && !patience.hasExpired())
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    move(m_storedLeft.value_or(x()), m_storedTop.value_or(y()));
-  }
-  for (const QScreen *screen : QGuiApplication::screens())
-    if (screen->availableGeometry().intersects(frameGeometry()))
+/// Moves the frame's corner to a stored place, or brings it back from one where no title bar could
+/// be taken hold of.
+void frmMain::moveOnScreen(QPoint corner) {
+  constexpr QSize hold(40, 10);
+  const QRect titleBar(corner, QSize(width(), 2 * hold.height()));
+  for (const QScreen *screen : QGuiApplication::screens()) {
+    const QRect seen = screen->availableGeometry() & titleBar;
+    if (seen.width() >= hold.width() && seen.height() >= hold.height()) {
+      move(corner);
       return;
+    }
+  }
   move(screen()->availableGeometry().topLeft());
+}
+
+/// Shows the window at its stored place.
+void frmMain::showOnScreen() {
+  if (m_storedLeft && m_storedTop)
+    moveOnScreen({*m_storedLeft, *m_storedTop});
+  show();
+  if (m_storedLeft.has_value() == m_storedTop.has_value())
+    return;
+  // The other edge is where the window system puts it.
+  const QDeadlineTimer patience(500);
+  while (!windowHandle()->isExposed() && !patience.hasExpired())
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+  moveOnScreen({m_storedLeft.value_or(x()), m_storedTop.value_or(y())});
 }
 
 void frmMain::closeEvent(QCloseEvent *event) {

@@ -62,6 +62,7 @@ private:
   void buttonClicked(std::size_t index);
   void openFile(const QString &sFileName, bool bTakeYourTime);
   void showOnScreen();
+  void moveOnScreen(QPoint corner);
   template <class F>
   void showPanel(const char *procedure);
 
