@@ -5,12 +5,13 @@
 #include "runtime/twips.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -42,8 +43,13 @@ void FormWindow::showOwned(QWidget *owner) {
 void FormWindow::showModal(QWidget *owner) {
   setParent(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
   setWindowModality(Qt::ApplicationModal);
-  if (owner != nullptr)
+  if (owner != nullptr) {
     move(owner->frameGeometry().center() - rect().center());
+  } else if (const QWidget *opener = QApplication::activeWindow()) {
+    // Nobody's, but still no entry of its own in the task bar.
+    winId();
+    windowHandle()->setTransientParent(opener->windowHandle());
+  }
   QEventLoop loop;
   m_modalLoop = &loop;
   show();
