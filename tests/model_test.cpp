@@ -4,7 +4,7 @@
 //
 // VNB_MODEL_STEPS sets the number of steps, VNB_MODEL_SEED the seed; both are printed. A sequence
 // that fails is cut down before it is shown.
-#include "model.h"
+#include "session.h"
 
 #include <gtest/gtest.h>
 
@@ -36,6 +36,26 @@ std::vector<Step> randomSteps(unsigned seed, int count) {
     steps.push_back(step);
   }
   return steps;
+}
+
+struct Outcome {
+  std::vector<std::string> log; // what each step did, up to the one that failed
+  std::string difference;       // empty if none failed
+
+  bool failed() const { return !difference.empty(); }
+};
+
+/// Starts the program afresh and does the steps.
+Outcome run(const std::vector<Step> &steps) {
+  Session session;
+  Outcome outcome;
+  for (const Step &step : steps) {
+    outcome.log.push_back(session.perform(step));
+    outcome.difference = session.difference();
+    if (outcome.failed())
+      break;
+  }
+  return outcome;
 }
 
 /// Takes out ever smaller pieces as long as the rest still fails, for half a minute.

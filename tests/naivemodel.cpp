@@ -8,17 +8,6 @@
 #include <cmath>
 
 namespace vnb::test {
-namespace {
-
-/// A number after `gone` has left; nothing if it was that one.
-std::optional<std::int32_t> renumbered(std::int32_t number, std::int32_t gone) {
-  if (number == gone)
-    return std::nullopt;
-  return number > gone ? number - 1 : number;
-}
-
-} // namespace
-
 std::int32_t &field(SystemRec &record, std::size_t index) {
   return index == 0 ? record.lData1 : index == 1 ? record.lData2 : record.lData3;
 }
@@ -27,8 +16,19 @@ std::size_t namedLocks(std::int32_t lType) {
   return lType == 5 || lType == 8 ? 3 : lType == 10 ? 2 : 0;
 }
 
-std::string nameOf(std::int32_t lType, std::int32_t device) {
-  return NameFromType(lType, true).toStdString() + " " + std::to_string(device);
+std::string nameOf(std::int32_t lType) {
+  return NameFromType(lType, true).toStdString();
+}
+
+SystemRec newDevice(std::int32_t lType, QPoint corner) {
+  return {.lType = lType,
+          .lX = corner.x(),
+          .lY = corner.y(),
+          .lSecur = 1,
+          .lData1 = -1,
+          .lData2 = -1,
+          .lData3 = -1,
+          .sDataX = {}};
 }
 
 NaiveDocument NaiveDocument::fresh() {
@@ -36,14 +36,7 @@ NaiveDocument NaiveDocument::fresh() {
   document.header = {.NAME = QStringLiteral("Unnamed Network"),
                      .COMPANY = QStringLiteral("Unknown Company"),
                      .IP = QStringLiteral("123.123.123.123")};
-  document.systems = {{.lType = 1,
-                       .lX = 0,
-                       .lY = 0,
-                       .lSecur = 1,
-                       .lData1 = -1,
-                       .lData2 = -1,
-                       .lData3 = -1,
-                       .sDataX = {}}};
+  document.systems = {newDevice(1, {})};
   return document;
 }
 
@@ -111,33 +104,36 @@ std::vector<std::int32_t> NaiveModel::linksOf(std::int32_t device) const {
   return found;
 }
 
-// Lines.
-
-void NaiveModel::layFirstEnd(std::size_t link) {
-  const LinkRec &record = document.links[link];
-  const SystemRec &from = document.systems[position(record.lFrom)];
-  lines[link].x1 = static_cast<float>(from.lX + sizeOf(record.lFrom).width() * record.dFromX);
-  lines[link].y1 = static_cast<float>(from.lY + sizeOf(record.lFrom).height() * record.dFromY);
+std::string NaiveModel::nameAt(std::int32_t device) const {
+  return text(nameOf(document.systems[position(device)].lType), ' ', device);
 }
 
-void NaiveModel::laySecondEnd(std::size_t link) {
+// Lines.
+
+void NaiveModel::layLine(std::size_t link, bool firstEnd, bool secondEnd) {
   const LinkRec &record = document.links[link];
-  const SystemRec &to = document.systems[position(record.lTo)];
-  lines[link].x2 = static_cast<float>(to.lX + sizeOf(record.lTo).width() * record.dToX);
-  lines[link].y2 = static_cast<float>(to.lY + sizeOf(record.lTo).height() * record.dToY);
+  const auto lay = [&](float &x, float &y, std::int32_t device, double across, double down) {
+    const SystemRec &system = document.systems[position(device)];
+    x = static_cast<float>(system.lX + sizeOf(device).width() * across);
+    y = static_cast<float>(system.lY + sizeOf(device).height() * down);
+  };
+  Line &line = lines[link];
+  if (firstEnd)
+    lay(line.X1, line.Y1, record.lFrom, record.dFromX, record.dFromY);
+  if (secondEnd)
+    lay(line.X2, line.Y2, record.lTo, record.dToX, record.dToY);
+  line.Visible = true;
 }
 
 void NaiveModel::layAllLines() {
-  lines.resize(document.links.size());
-  for (std::size_t i = 1; i < lines.size(); ++i) {
-    layFirstEnd(i);
-    laySecondEnd(i);
-  }
+  lines.resize(document.links.size(), {.BorderColor = LinkColor});
+  for (std::size_t i = 1; i < lines.size(); ++i)
+    layLine(i, true, true);
 }
 
 void NaiveModel::plainLines() {
-  for (NaiveLine &line : lines)
-    line.colour = LinkColor;
+  for (Line &line : lines)
+    line.BorderColor = LinkColor;
 }
 
 // Frames.
@@ -205,60 +201,59 @@ void NaiveModel::showNoDevice() {
 void NaiveModel::drop(std::int32_t device, QPoint corner) {
   document.systems[position(device)].lX = corner.x();
   document.systems[position(device)].lY = corner.y();
-  for (const std::int32_t link : linksOf(device))
-    if (document.links[position(link)].lFrom == device)
-      layFirstEnd(position(link));
-    else
-      laySecondEnd(position(link));
+  for (const std::int32_t link : linksOf(device)) {
+    const bool first = document.links[position(link)].lFrom == device;
+    layLine(position(link), first, !first);
+  }
 }
 
 void NaiveModel::doubleClick(std::int32_t device) {
-  if (!band) {
+  if (linkFrom == -1) {
     const SystemRec &record = document.systems[position(device)];
     const QSize size = sizeOf(device);
-    band = {.from = device,
-            .x = static_cast<std::int32_t>(std::nearbyint(record.lX + size.width() / 2.0)),
-            .y = static_cast<std::int32_t>(std::nearbyint(record.lY + size.height() / 2.0)),
-            .end = {}};
+    linkFrom = device;
+    band.X1 = static_cast<float>(std::nearbyint(record.lX + size.width() / 2.0));
+    band.Y1 = static_cast<float>(std::nearbyint(record.lY + size.height() / 2.0));
     return;
   }
-  if (device != band->from)
-    addLink({.lFrom = band->from,
+  if (device != linkFrom)
+    addLink({.lFrom = linkFrom,
              .dFromX = .5,
              .dFromY = .5,
              .lTo = device,
              .dToX = .5,
              .dToY = .5,
              .lSecur = 1});
-  band.reset();
+  endLink();
+}
+
+void NaiveModel::endLink() {
+  linkFrom = -1;
+  band.Visible = false;
+}
+
+/// Shows first over the bare surface.
+void NaiveModel::moveBand(QPoint end, bool bare) {
+  if (linkFrom == -1)
+    return;
+  band.X2 = static_cast<float>(end.x());
+  band.Y2 = static_cast<float>(end.y());
+  band.Visible = band.Visible || bare;
 }
 
 void NaiveModel::hover(std::int32_t device, QPoint at) {
   const SystemRec &record = document.systems[position(device)];
-  status = nameOf(record.lType, device);
-  if (band && band->end)
-    band->end = QPoint(record.lX, record.lY) + at;
+  status = nameAt(device);
+  moveBand(QPoint(record.lX, record.lY) + at, false);
 }
 
 void NaiveModel::hoverSurface(QPoint at) {
   status.clear();
-  if (band)
-    band->end = at;
-}
-
-void NaiveModel::clickSurface() {
-  deselect();
+  moveBand(at, true);
 }
 
 void NaiveModel::addDevice(std::int32_t lType, QPoint corner) {
-  document.systems.push_back({.lType = lType,
-                              .lX = corner.x(),
-                              .lY = corner.y(),
-                              .lSecur = 1,
-                              .lData1 = -1,
-                              .lData2 = -1,
-                              .lData3 = -1,
-                              .sDataX = {}});
+  document.systems.push_back(newDevice(lType, corner));
   layers.emplace_back();
   tags.push_back(SpriteTag::None);
   if (lType == 9)
@@ -267,9 +262,8 @@ void NaiveModel::addDevice(std::int32_t lType, QPoint corner) {
 
 void NaiveModel::addLink(const LinkRec &link) {
   document.links.push_back(link);
-  lines.push_back({0, 0, 0, 0, LinkColor});
-  layFirstEnd(lines.size() - 1);
-  laySecondEnd(lines.size() - 1);
+  lines.push_back({.BorderColor = LinkColor});
+  layLine(lines.size() - 1, true, true);
 }
 
 void NaiveModel::retype(std::int32_t lType) {
@@ -283,43 +277,26 @@ void NaiveModel::removeLink(std::int32_t link) {
 
 void NaiveModel::removeDevice() {
   const std::int32_t gone = selected;
-  NaiveDocument rest = document;
-  rest.systems.clear();
-  for (std::int32_t i = 0; i <= UBound(document.systems); ++i) {
-    SystemRec record = document.systems[position(i)];
-    for (std::size_t lock = 0; lock < namedLocks(record.lType); ++lock)
-      field(record, lock) = renumbered(field(record, lock), gone).value_or(-1);
-    if (i != gone)
-      rest.systems.push_back(record);
-  }
-  rest.links.resize(1);
-  for (std::size_t i = 1; i < document.links.size(); ++i) {
-    LinkRec link = document.links[i];
-    const auto from = renumbered(link.lFrom, gone);
-    const auto to = renumbered(link.lTo, gone);
-    if (!from || !to)
-      continue;
-    link.lFrom = *from;
-    link.lTo = *to;
-    rest.links.push_back(link);
-  }
-  rest.subnets.resize(1);
-  for (std::size_t i = 1; i < document.subnets.size(); ++i) {
-    const auto owner = renumbered(document.subnets[i].lFor, gone);
-    const auto from = renumbered(document.subnets[i].lFrom, gone);
-    if (owner && from)
-      rest.subnets.push_back({.lFor = *owner, .lFrom = *from});
-  }
-  rest.data.resize(1);
-  for (std::size_t i = 1; i < document.data.size(); ++i)
-    if (const auto number = renumbered(document.data[i].lNum, gone))
-      rest.data.push_back({.lNum = *number, .sText = document.data[i].sText});
-  document = rest;
+  // What names it goes with it; later numbers close up.
+  const auto forget = [gone](auto &rows, auto... numbers) {
+    std::erase_if(rows, [&](const auto &row) { return ((row.*numbers == gone) || ...); });
+    for (auto &row : rows)
+      ((row.*numbers -= row.*numbers > gone ? 1 : 0), ...);
+  };
+  forget(document.links, &LinkRec::lFrom, &LinkRec::lTo);
+  forget(document.subnets, &SubnetRec::lFor, &SubnetRec::lFrom);
+  forget(document.data, &DataRec::lNum);
+  document.systems.erase(document.systems.begin() + gone);
+  for (SystemRec &record : document.systems)
+    for (std::size_t i = 0; i < namedLocks(record.lType); ++i) {
+      std::int32_t &lock = field(record, i);
+      lock = lock == gone ? -1 : lock > gone ? lock - 1 : lock;
+    }
   // Frames stay with their number.
   layers.pop_back();
   tags.pop_back();
   layAllLines();
-  band.reset();
+  endLink();
 }
 
 void NaiveModel::selectAgain() {
@@ -333,8 +310,8 @@ void NaiveModel::clear() {
   document = NaiveDocument::fresh();
   selected = -1;
   wipeAll();
-  lines.assign(1, {0, 0, 0, 0, LinkColor});
-  band.reset();
+  lines.assign(1, {.BorderColor = LinkColor});
+  endLink();
   showNoDevice();
 }
 
@@ -342,7 +319,6 @@ void NaiveModel::open(const NaiveDocument &file) {
   clear();
   document = file;
   wipeAll();
-  lines.assign(document.links.size(), {0, 0, 0, 0, LinkColor});
   layAllLines();
   refillLockBoxes();
   showHeader();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "appearance/globals.h"
+#include "diagram/line.h"
 #include "diagram/sprite.h"
 #include "document/modDeclares.h"
 #include "naivepanels.h"
@@ -11,6 +12,7 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vnb::test {
@@ -24,8 +26,10 @@ std::size_t position(T number) {
 std::int32_t &field(SystemRec &record, std::size_t index);
 /// How many locks a device of this type names.
 std::size_t namedLocks(std::int32_t lType);
-/// "Main server 3".
-std::string nameOf(std::int32_t lType, std::int32_t device);
+/// "Main server".
+std::string nameOf(std::int32_t lType);
+/// As it is added: named by nothing, and naming nothing.
+SystemRec newDevice(std::int32_t lType, QPoint corner);
 
 struct NaiveDocument {
   LanHeaderRec header;
@@ -42,17 +46,6 @@ struct NaiveDocument {
   void swapWithProgram();
 };
 
-struct NaiveLine {
-  float x1, y1, x2, y2;
-  Colour colour;
-};
-
-struct NaiveBand {
-  std::int32_t from;
-  std::int32_t x, y;
-  std::optional<QPoint> end; // once it has shown
-};
-
 class NaiveModel {
 public:
   NaiveModel();
@@ -62,8 +55,9 @@ public:
   /// Frame and reason of each device.
   std::vector<SpriteLayer> layers;
   std::vector<SpriteTag> tags;
-  std::vector<NaiveLine> lines;
-  std::optional<NaiveBand> band; // while a link is drawn
+  std::vector<Line> lines;
+  std::int32_t linkFrom = -1; // where the link that is drawn starts, -1 for none
+  Line band;
   std::string status;
   /// The panels that exist.
   std::optional<NaiveDevicePanel> devicePanel;
@@ -78,7 +72,7 @@ public:
   void doubleClick(std::int32_t device);
   void hover(std::int32_t device, QPoint at);
   void hoverSurface(QPoint at);
-  void clickSurface();
+  void deselect();
   void addDevice(std::int32_t lType, QPoint corner);
   void addLink(const LinkRec &link);
   void retype(std::int32_t lType);
@@ -90,10 +84,10 @@ public:
   void open(const NaiveDocument &file);
 
   // What the user does with a panel that is shown.
-  void showDevicePanel();
-  void showLinkPanel();
-  void showSubnetPanel();
-  void showInfoPanel();
+  void createDevicePanel();
+  void createLinkPanel();
+  void createSubnetPanel();
+  void createInfoPanel();
   void typeData(const std::string &text);
   void typePhone(const std::string &text);
   void typeFrequency(std::size_t box, const std::string &text, std::int32_t value);
@@ -103,32 +97,33 @@ public:
   void putBox(std::size_t box, int row);
   void pickLink(int row);
   /// `inBoxes` is what the boxes say, nothing if one of them is no number.
-  void pickPosition(int spot, std::optional<std::pair<double, double>> inBoxes);
+  void pickPosition(std::size_t spot, std::optional<std::pair<double, double>> inBoxes);
   void pickLinkLevel(int level);
   void removePickedLink();
   void pickSubnet(int row);
-  void addSubnet();
-  void removeSubnet();
+  /// From one list of the subnet panel to the other; nothing if no row is picked.
+  void moveSystem(NaiveList &from, NaiveList &to);
   void typeHeader(std::size_t box, const std::string &text, std::int32_t value);
 
   QSize sizeOf(std::int32_t device) const;
   std::vector<std::int32_t> linksOf(std::int32_t device) const;
+  /// "Main server 3".
+  std::string nameAt(std::int32_t device) const;
 
 private:
   void select(std::int32_t device, Colour colour);
-  void deselect();
   void showNoDevice();
   /// False, and an error noted, for a device that isn't there.
   bool highlight(std::int32_t device, Colour colour);
   void frame(std::int32_t device, Colour colour, std::int32_t number);
   void wipeAll();
+  void endLink();
+  void moveBand(QPoint end, bool bare);
   void plainLines();
-  void layFirstEnd(std::size_t link);
-  void laySecondEnd(std::size_t link);
+  void layLine(std::size_t link, bool firstEnd, bool secondEnd);
   void layAllLines();
 
   // The fills of the panels, which act on records, frames and lines.
-  void createDevicePanel();
   void fillDevicePanel();
   /// The end if it has none.
   std::vector<DataRec>::iterator dataOfSelected();
@@ -137,12 +132,14 @@ private:
   void refillLockBoxes();
   void choose(std::size_t box, std::int32_t number);
   void dropFrames(std::size_t box);
-  void createLinkPanel();
   void fillLinkPanel();
   void fillLinkList();
-  LinkRec *pickedLink();
-  void createSubnetPanel();
+  /// 0 for none.
+  std::int32_t pickedLink() const;
+  void showPlace(std::pair<double, double> at);
   void fillSubnetPanel();
+  /// The entry that lists a system for the selected one, the end if there is none.
+  std::vector<SubnetRec>::iterator subnetOfSelected(std::int32_t system);
   void showHeader();
 };
 

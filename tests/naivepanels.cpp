@@ -4,54 +4,29 @@
 #include "naivemodel.h"
 #include "runtime/numbers.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
-#include <sstream>
 
 namespace vnb::test {
 namespace {
 
-int groupOf(std::int32_t lType) {
-  switch (lType) {
-  case 9:
-    return 0;
-  case 5:
-  case 8:
-    return 1;
-  case 11:
-    return 2;
-  case 10:
-    return 3;
-  case 14:
-    return 4;
-  default:
-    return -1;
-  }
+/// The group of fields of each type.
+constexpr std::array groups{-1, -1, -1, -1, -1, 1, -1, -1, 1, 0, 3, 2, -1, -1, 4, -1, -1};
+
+/// The places that the buttons of the picker stand for: the edge and the centre, row by row.
+std::vector<std::pair<double, double>> spots() {
+  std::vector<std::pair<double, double>> places;
+  for (const int y : {0, 1, 2, 3, 4})
+    for (const int x : {0, 1, 2, 3, 4})
+      if (x % 4 == 0 || y % 4 == 0 || (x == 2 && y == 2))
+        places.emplace_back(x / 4., y / 4.);
+  return places;
 }
 
-std::string describe(const std::vector<NaiveRow> &rows, int row) {
-  std::ostringstream out;
-  for (const NaiveRow &entry : rows)
-    out << entry.text << '=' << entry.number << ',';
-  out << " at " << row;
-  return out.str();
-}
-
-const char *window(bool shown) {
-  return shown ? "shown" : "hidden";
-}
-
-/// The number of the picker's button at a place, 17 if there is none.
-int spotAt(double x, double y) {
-  if (x * 4 != static_cast<int>(x * 4) || x < 0 || x > 1)
-    return 17;
-  const int column = static_cast<int>(x * 4);
-  if (y == 0 || y == 1)
-    return (y == 0 ? 0 : 12) + column;
-  if (y == .5 && column % 2 == 0)
-    return 7 + column / 2;
-  if ((y == .25 || y == .75) && column % 4 == 0)
-    return (y == .25 ? 5 : 10) + column / 4;
-  return 17;
+template <class List>
+std::string rowsOf(const List &list) {
+  return testing::PrintToString(list.rows) + " at " + std::to_string(list.row);
 }
 
 /// Text typed over all of a box's. Acts also where it is the same as before, but for nothing typed
@@ -63,40 +38,28 @@ bool typed(std::string &box, const std::string &text) {
 } // namespace
 
 std::string describe(const NaiveDevicePanel &panel) {
-  std::ostringstream out;
-  out << window(panel.shown) << (panel.device ? " device" : " no device") << ", group "
-      << panel.group << ", data '" << panel.data << "', level " << panel.level
-      << (panel.locked ? ", locked" : ", not locked") << ", phone '" << panel.phone
-      << "', frequency '" << panel.frequency[0] << "' '" << panel.frequency[1] << "', boxes ";
-  for (const NaiveLockBox &box : panel.boxes) {
-    for (const std::string &row : box.rows)
-      out << row << ',';
-    out << " at " << box.row << "; ";
-  }
-  return out.str();
+  std::string boxes;
+  for (const NaiveLockBox &box : panel.boxes)
+    boxes += rowsOf(box) + "; ";
+  return text("shown ", panel.shown, ", device ", panel.device, ", group ", panel.group, ", data '",
+              panel.data, "', level ", panel.level, ", locked ", panel.locked, ", phone '",
+              panel.phone, "', frequency ", testing::PrintToString(panel.frequency), ", boxes ",
+              boxes);
 }
 
 std::string describe(const NaiveLinkPanel &panel) {
-  std::ostringstream out;
-  out << window(panel.shown) << (panel.device ? " device" : " no device") << ", " << panel.heading
-      << ' ' << describe(panel.rows, panel.row) << ", spot " << panel.spot << ", X '" << panel.x
-      << "', Y '" << panel.y << "', level " << panel.level;
-  return out.str();
+  return text("shown ", panel.shown, ", device ", panel.device, ", ", panel.heading,
+              rowsOf(panel.links), ", spot ", panel.spot, ", X '", panel.x, "', Y '", panel.y,
+              "', level ", panel.level);
 }
 
 std::string describe(const NaiveSubnetPanel &panel) {
-  std::ostringstream out;
-  out << window(panel.shown) << (panel.device ? " device" : " no device") << ", " << panel.heading
-      << ' ' << describe(panel.subnets.rows, panel.subnets.row) << " | "
-      << describe(panel.systems.rows, panel.systems.row);
-  return out.str();
+  return text("shown ", panel.shown, ", device ", panel.device, ", ", panel.heading,
+              rowsOf(panel.subnets), ", systems ", rowsOf(panel.systems));
 }
 
 std::string describe(const NaiveInfoPanel &panel) {
-  std::string result = window(panel.shown);
-  for (const std::string &text : panel.texts)
-    result += " '" + text + "'";
-  return result;
+  return text("shown ", panel.shown, ", ", testing::PrintToString(panel.texts));
 }
 
 // The device panel.
@@ -112,11 +75,6 @@ void NaiveModel::createDevicePanel() {
   if (namedLocks(document.systems[position(selected)].lType) > 0)
     refillLockBoxes();
   fillGroup();
-}
-
-void NaiveModel::showDevicePanel() {
-  createDevicePanel();
-  devicePanel->shown = true;
 }
 
 void NaiveModel::fillDevicePanel() {
@@ -140,7 +98,7 @@ void NaiveModel::fillCommon() {
 
 void NaiveModel::fillGroup() {
   const SystemRec record = document.systems[position(selected)];
-  devicePanel->group = groupOf(record.lType);
+  devicePanel->group = groups[position(record.lType)];
   if (record.lType == 9)
     tickLocked(record.lData1 != 0);
   if (record.lType == 11)
@@ -253,23 +211,14 @@ void NaiveModel::createLinkPanel() {
   fillLinkList();
 }
 
-void NaiveModel::showLinkPanel() {
-  createLinkPanel();
-  linkPanel->shown = true;
-}
-
 void NaiveModel::fillLinkList() {
-  const auto nameAt = [this](std::int32_t device) {
-    return nameOf(document.systems[position(device)].lType, device);
-  };
   linkPanel->heading = "Links for " + nameAt(selected) + ":";
-  linkPanel->rows.clear();
-  linkPanel->row = -1;
+  linkPanel->links = {};
   for (const std::int32_t i : linksOf(selected)) {
     const LinkRec &link = document.links[position(i)];
-    linkPanel->rows.push_back(
-        {link.lFrom == selected ? "Link to " + nameAt(link.lTo) : "Link from " + nameAt(link.lFrom),
-         i});
+    linkPanel->links.rows.emplace_back(link.lFrom == selected ? "Link to " + nameAt(link.lTo)
+                                                              : "Link from " + nameAt(link.lFrom),
+                                       i);
   }
 }
 
@@ -277,7 +226,7 @@ void NaiveModel::fillLinkPanel() {
   createLinkPanel();
   linkPanel->device = true;
   fillLinkList();
-  if (linkPanel->rows.empty()) {
+  if (linkPanel->links.rows.empty()) {
     linkPanel->spot = 8;
     linkPanel->x = linkPanel->y = "0.5";
   } else if (linkPanel->shown) {
@@ -285,69 +234,63 @@ void NaiveModel::fillLinkPanel() {
   }
 }
 
-LinkRec *NaiveModel::pickedLink() {
-  return linkPanel->row == -1
-             ? nullptr
-             : &document.links[position(linkPanel->rows[position(linkPanel->row)].number)];
+std::int32_t NaiveModel::pickedLink() const {
+  const NaiveList &links = linkPanel->links;
+  return links.row == -1 ? 0 : links.rows[position(links.row)].second;
 }
 
 void NaiveModel::pickLink(int row) {
-  if (std::exchange(linkPanel->row, row) == row)
+  if (std::exchange(linkPanel->links.row, row) == row)
     return;
-  const LinkRec &link = *pickedLink();
+  const LinkRec &link = document.links[position(pickedLink())];
   plainLines();
-  lines[position(linkPanel->rows[position(row)].number)].colour = LinkSelColor;
+  lines[position(pickedLink())].BorderColor = LinkSelColor;
   const bool first = link.lFrom == selected;
-  const double x = first ? link.dFromX : link.dToX;
-  const double y = first ? link.dFromY : link.dToY;
-  linkPanel->spot = spotAt(x, y);
-  linkPanel->x = doubleText(x).toStdString();
-  linkPanel->y = doubleText(y).toStdString();
+  const std::pair at(first ? link.dFromX : link.dToX, first ? link.dFromY : link.dToY);
+  const auto places = spots();
+  linkPanel->spot = position(std::ranges::find(places, at) - places.begin());
+  showPlace(at);
   linkPanel->level = link.lSecur >= 1 && link.lSecur <= 3 ? link.lSecur - 1 : -1;
   if (linkPanel->level == -1)
     boxes.emplace_back("340 frmLinks.lstLinks_Click");
 }
 
-void NaiveModel::pickPosition(int spot, std::optional<std::pair<double, double>> inBoxes) {
+void NaiveModel::showPlace(std::pair<double, double> at) {
+  linkPanel->x = doubleText(at.first).toStdString();
+  linkPanel->y = doubleText(at.second).toStdString();
+}
+
+void NaiveModel::pickPosition(std::size_t spot, std::optional<std::pair<double, double>> inBoxes) {
   linkPanel->spot = spot;
-  LinkRec *const link = pickedLink();
-  if (link == nullptr)
+  if (pickedLink() == 0)
     return;
-  if (spot != 17) {
-    for (const double x : {0., .25, .5, .75, 1.})
-      for (const double y : {0., .25, .5, .75, 1.})
-        if (spotAt(x, y) == spot)
-          inBoxes = {x, y};
-    linkPanel->x = doubleText(inBoxes->first).toStdString();
-    linkPanel->y = doubleText(inBoxes->second).toStdString();
-  }
+  if (spot < spots().size())
+    showPlace(*(inBoxes = spots()[spot]));
   if (!inBoxes) {
     boxes.emplace_back(
         "X and Y must be numbers within reach, such as 0.5. The link stays where it is.");
     return;
   }
-  (link->lFrom == selected ? link->dFromX : link->dToX) = inBoxes->first;
-  (link->lFrom == selected ? link->dFromY : link->dToY) = inBoxes->second;
-  layFirstEnd(position(link - document.links.data()));
-  laySecondEnd(position(link - document.links.data()));
+  LinkRec &link = document.links[position(pickedLink())];
+  (link.lFrom == selected ? link.dFromX : link.dToX) = inBoxes->first;
+  (link.lFrom == selected ? link.dFromY : link.dToY) = inBoxes->second;
+  layLine(position(pickedLink()), true, true);
 }
 
 void NaiveModel::pickLinkLevel(int level) {
-  if (std::exchange(linkPanel->level, level) == level)
-    return;
-  if (LinkRec *link = pickedLink())
-    link->lSecur = level + 1;
+  if (std::exchange(linkPanel->level, level) != level && pickedLink() != 0)
+    document.links[position(pickedLink())].lSecur = level + 1;
 }
 
 void NaiveModel::removePickedLink() {
-  const std::int32_t gone = linkPanel->rows[position(linkPanel->row)].number;
+  NaiveList &links = linkPanel->links;
+  const std::int32_t gone = pickedLink();
   removeLink(gone);
   plainLines();
-  linkPanel->rows.erase(linkPanel->rows.begin() + linkPanel->row);
-  linkPanel->row = -1;
-  for (NaiveRow &row : linkPanel->rows)
-    if (row.number > gone)
-      --row.number;
+  links.rows.erase(links.rows.begin() + links.row);
+  links.row = -1;
+  for (auto &[caption, number] : links.rows)
+    number -= number > gone ? 1 : 0;
 }
 
 // The subnet panel.
@@ -357,31 +300,27 @@ void NaiveModel::createSubnetPanel() {
     subnetPanel.emplace();
 }
 
-void NaiveModel::showSubnetPanel() {
-  createSubnetPanel();
-  subnetPanel->shown = true;
-}
-
 void NaiveModel::fillSubnetPanel() {
   createSubnetPanel();
   subnetPanel->device = true;
-  subnetPanel->heading =
-      "Valid subnets for " + nameOf(document.systems[position(selected)].lType, selected) + ":";
-  subnetPanel->subnets = {};
-  subnetPanel->systems = {};
+  subnetPanel->heading = "Valid subnets for " + nameAt(selected) + ":";
+  subnetPanel->subnets = subnetPanel->systems = {};
   for (std::int32_t i = 0; i <= UBound(document.systems); ++i) {
     if (i == selected)
       continue;
-    const bool listed = std::any_of(
-        document.subnets.begin() + 1, document.subnets.end(),
-        [&](const SubnetRec &entry) { return entry.lFor == selected && entry.lFrom == i; });
-    (listed ? subnetPanel->subnets : subnetPanel->systems)
-        .rows.push_back({nameOf(document.systems[position(i)].lType, i), i});
+    const bool listed = subnetOfSelected(i) != document.subnets.end();
+    (listed ? subnetPanel->subnets : subnetPanel->systems).rows.emplace_back(nameAt(i), i);
     if (!listed)
       continue;
     tags[position(i)] = SpriteTag::GreenDk;
     highlight(i, SubnetColor);
   }
+}
+
+std::vector<SubnetRec>::iterator NaiveModel::subnetOfSelected(std::int32_t system) {
+  return std::find_if(
+      document.subnets.begin() + 1, document.subnets.end(),
+      [&](const SubnetRec &entry) { return entry.lFor == selected && entry.lFrom == system; });
 }
 
 void NaiveModel::pickSubnet(int row) {
@@ -392,45 +331,29 @@ void NaiveModel::pickSubnet(int row) {
       tags[i] = SpriteTag::GreenDk;
       highlight(static_cast<std::int32_t>(i), SubnetColor);
     }
-  const std::int32_t picked = subnetPanel->subnets.rows[position(row)].number;
+  const std::int32_t picked = subnetPanel->subnets.rows[position(row)].second;
   highlight(picked, SubnetSelColor);
   tags[position(picked)] = SpriteTag::Green;
 }
 
-namespace {
-
-/// Nothing if no row is picked.
-std::optional<std::int32_t> moveRow(NaiveList &from, NaiveList &to) {
+void NaiveModel::moveSystem(NaiveList &from, NaiveList &to) {
   if (from.row == -1)
-    return std::nullopt;
-  const NaiveRow row = from.rows[position(from.row)];
+    return;
+  const auto moved = from.rows[position(from.row)];
   from.rows.erase(from.rows.begin() + from.row);
   from.row = -1;
-  to.rows.push_back(row);
-  return row.number;
-}
-
-} // namespace
-
-void NaiveModel::addSubnet() {
-  if (const auto system = moveRow(subnetPanel->systems, subnetPanel->subnets))
-    document.subnets.push_back({.lFor = selected, .lFrom = *system});
-}
-
-void NaiveModel::removeSubnet() {
-  const auto system = moveRow(subnetPanel->subnets, subnetPanel->systems);
-  if (system)
-    document.subnets.erase(std::find_if(
-        document.subnets.begin() + 1, document.subnets.end(),
-        [&](const SubnetRec &entry) { return entry.lFor == selected && entry.lFrom == *system; }));
+  to.rows.push_back(moved);
+  if (&to == &subnetPanel->subnets)
+    document.subnets.push_back({.lFor = selected, .lFrom = moved.second});
+  else
+    document.subnets.erase(subnetOfSelected(moved.second));
 }
 
 // The LAN information panel.
 
-void NaiveModel::showInfoPanel() {
+void NaiveModel::createInfoPanel() {
   if (!infoPanel)
     showHeader();
-  infoPanel->shown = true;
 }
 
 void NaiveModel::showHeader() {

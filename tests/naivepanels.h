@@ -4,14 +4,23 @@
 
 #include <array>
 #include <cstdint>
+#include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vnb::test {
 
-struct NaiveRow {
-  std::string text;
-  std::int32_t number;
+template <class... Values>
+std::string text(const Values &...values) {
+  std::ostringstream out;
+  (out << ... << values);
+  return out.str();
+}
+
+struct NaiveList {
+  std::vector<std::pair<std::string, std::int32_t>> rows; // text and number
+  int row = -1;                                           // the picked one
 };
 
 struct NaiveLockBox {
@@ -36,16 +45,10 @@ struct NaiveLinkPanel {
   bool shown = false;
   bool device = false;
   std::string heading = "Links for #####:";
-  std::vector<NaiveRow> rows;
-  int row = -1;
-  int spot = 8;
+  NaiveList links;
+  std::size_t spot = 8;
   std::string x = "0.5", y = "0.5";
   int level = -1;
-};
-
-struct NaiveList {
-  std::vector<NaiveRow> rows;
-  int row = -1;
 };
 
 struct NaiveSubnetPanel {

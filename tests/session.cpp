@@ -23,7 +23,35 @@ constexpr std::size_t fileCount = 4;
 constexpr QPoint bareForm(530, 460); // of the form, between the scroll bars
 constexpr QPoint toolBar(400, 10);
 
+struct StepKind {
+  int weight;
+  std::string (Session::*perform)(Dice dice);
+};
+
+constexpr std::array kinds{
+    StepKind{10, &Session::select},      StepKind{10, &Session::move},
+    StepKind{8, &Session::doubleClick},  StepKind{4, &Session::hoverDevice},
+    StepKind{4, &Session::hoverSurface}, StepKind{3, &Session::clickSurface},
+    StepKind{13, &Session::addDevice},   StepKind{6, &Session::linkAnywhere},
+    StepKind{4, &Session::listSubnet},   StepKind{2, &Session::addData},
+    StepKind{6, &Session::guardByLock},  StepKind{5, &Session::retype},
+    StepKind{4, &Session::removeLink},   StepKind{6, &Session::removeByMenu},
+    StepKind{2, &Session::removeByKey},  StepKind{1, &Session::startAnew},
+    StepKind{2, &Session::open},         StepKind{2, &Session::save},
+    StepKind{2, &Session::scroll},       StepKind{4, &Session::togglePanel},
+    StepKind{10, &Session::editDevice},  StepKind{10, &Session::editLink},
+    StepKind{5, &Session::editSubnets},  StepKind{3, &Session::editHeader},
+};
+
 } // namespace
+
+std::discrete_distribution<std::size_t> stepWeights() {
+  std::vector<int> weights;
+  weights.reserve(kinds.size());
+  for (const StepKind &kind : kinds)
+    weights.push_back(kind.weight);
+  return {weights.begin(), weights.end()};
+}
 
 Session::Session() {
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path("."));
@@ -55,11 +83,11 @@ Session::~Session() {
   Form<frmSubnet>::unload();
 }
 
-std::string Session::perform(std::string (Session::*what)(Dice), const Step &step) {
+std::string Session::perform(const Step &step) {
   boxes.emplace();
   shown.clear();
   model.boxes.clear();
-  std::string done = (this->*what)(Dice(step));
+  std::string done = (this->*kinds[step.kind].perform)(Dice(step));
   collectBoxes();
   return done;
 }
@@ -153,40 +181,34 @@ std::string Session::hoverSurface(Dice dice) {
 
 std::string Session::clickSurface(Dice /*dice*/) {
   surface.events->picLayout_Click();
-  model.clickSurface();
+  model.deselect();
   return "click on the surface";
 }
 
 // The toolbox.
 
-std::string Session::addByButton(Dice dice) {
+std::string Session::addDevice(Dice dice) {
   if (model.document.systems.size() >= mostDevices)
     return {};
   cboItem.setCurrentIndex(dice.below(cboItem.count()));
   const std::int32_t lType = cboItem.currentIndex() + 2;
-  toolbox.findChild<QPushButton *>()->click();
-  if (lType == SystemType::Switch)
+  const bool drag = dice.below(13) < 8;
+  std::optional<QPoint> corner = QPoint();
+  if (drag) {
+    auto &preview = *toolbox.findChild<PictureBox *>(QStringLiteral("picPreview"));
+    const QPoint grab = dice.in(preview.size());
+    preview.MouseDown(Qt::LeftButton, grab, {});
+    corner = dropSomewhere(dice);
+    if (corner)
+      *corner -= grab;
+  } else {
+    toolbox.findChild<QPushButton *>()->click();
+  }
+  if (corner && lType == SystemType::Switch)
     model.boxes.emplace_back("This item cannot be added!");
-  else
-    model.addDevice(lType, {});
-  return text("add type ", lType);
-}
-
-std::string Session::addByDrag(Dice dice) {
-  if (model.document.systems.size() >= mostDevices)
-    return {};
-  cboItem.setCurrentIndex(dice.below(cboItem.count()));
-  const std::int32_t lType = cboItem.currentIndex() + 2;
-  auto &preview =
-      static_cast<PictureBox &>(*toolbox.findChild<QWidget *>(QStringLiteral("picPreview")));
-  const QPoint grab = dice.in(preview.size());
-  preview.MouseDown(Qt::LeftButton, grab, {});
-  const std::optional<QPoint> at = dropSomewhere(dice);
-  if (at && lType == SystemType::Switch)
-    model.boxes.emplace_back("This item cannot be added!");
-  else if (at)
-    model.addDevice(lType, *at - grab);
-  return text("drag type ", lType, " from the toolbox");
+  else if (corner)
+    model.addDevice(lType, *corner);
+  return text(drag ? "drag type " : "add type ", lType);
 }
 
 // What the panels do to the records.
@@ -234,10 +256,10 @@ std::string Session::guardByLock(Dice dice) {
   const std::int32_t lock = locks.size() == 1 || dice.below(4) == 0
                                 ? dice.below(model.document.systems.size() + 2) - 1
                                 : locks[position(1 + dice.below(locks.size() - 1))];
-  const int field = dice.below(3);
+  const std::int32_t index = dice.below(3);
   for (SystemRec *record : {&Systems[position(device)], &model.document.systems[position(device)]})
-    (field == 0 ? record->lData1 : field == 1 ? record->lData2 : record->lData3) = lock;
-  return text("field ", field, " of ", device, " becomes ", lock);
+    field(*record, position(index)) = lock;
+  return text("field ", index, " of ", device, " becomes ", lock);
 }
 
 // The context menu.
@@ -270,10 +292,8 @@ std::string Session::removeLink(Dice dice) {
   const std::int32_t row = dice.below(links.size());
   const LinkRec link = model.document.links[position(links[position(row)])];
   const std::int32_t other = link.lFrom == device ? link.lTo : link.lFrom;
-  model.boxes.push_back(
-      text("Are you sure you want to remove the link ", link.lFrom == device ? "to " : "from ",
-           NameFromType(model.document.systems[position(other)].lType, true).toStdString(), ' ',
-           other, '?'));
+  model.boxes.push_back(text("Are you sure you want to remove the link ",
+                             link.lFrom == device ? "to " : "from ", model.nameAt(other), '?'));
   const bool yes = dice.below(4) != 0;
   willAnswer(yes);
   mnuLinks.actions().at(row)->trigger();
@@ -284,10 +304,8 @@ std::string Session::removeLink(Dice dice) {
 }
 
 std::string Session::afterRemoval(std::int32_t device, bool yes) {
-  model.boxes.push_back(text(
-      "Really remove this ",
-      NameFromType(model.document.systems[position(device)].lType, true).toLower().toStdString(),
-      '?'));
+  const QString name = NameFromType(model.document.systems[position(device)].lType, true);
+  model.boxes.push_back("Really remove this " + name.toLower().toStdString() + '?');
   if (yes)
     model.removeDevice();
   model.selectAgain();

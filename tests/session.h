@@ -6,19 +6,28 @@
 #include "editor/frmMain.h"
 #include "editor/frmToolbox.h"
 #include "look.h"
-#include "model.h"
 #include "naivemodel.h"
 #include "support.h"
 
 #include <QComboBox>
 
-#include <sstream>
+#include <array>
 
 namespace vnb::test {
 
 /// How far a document grows, so that steps meet often.
 inline constexpr std::size_t mostDevices = 24;
 inline constexpr std::size_t mostOthers = 40;
+
+/// One thing that a user does. The dice say with what; they are read against the document as it is
+/// then, so that a step means something in any sequence.
+struct Step {
+  std::size_t kind;
+  std::array<std::uint32_t, 6> dice;
+};
+
+/// How often each kind of step is taken.
+std::discrete_distribution<std::size_t> stepWeights();
 
 class Dice {
 public:
@@ -39,13 +48,6 @@ private:
   std::size_t m_next = 0;
 };
 
-template <class... Values>
-std::string text(const Values &...values) {
-  std::ostringstream out;
-  (out << ... << values);
-  return out.str();
-}
-
 /// The program and its model, and what each step does to both. A step returns what it was, in
 /// words; "" for one that means nothing in this document.
 class Session {
@@ -55,8 +57,7 @@ public:
   Session(const Session &) = delete;
   Session &operator=(const Session &) = delete;
 
-  /// Does a step by one of the members below.
-  std::string perform(std::string (Session::*what)(Dice), const Step &step);
+  std::string perform(const Step &step);
   /// The first difference between the program and the model, empty if there is none.
   std::string difference();
 
@@ -68,8 +69,7 @@ public:
   std::string hoverDevice(Dice dice);
   std::string hoverSurface(Dice dice);
   std::string clickSurface(Dice dice);
-  std::string addByButton(Dice dice);
-  std::string addByDrag(Dice dice);
+  std::string addDevice(Dice dice);
   std::string linkAnywhere(Dice dice);
   std::string listSubnet(Dice dice);
   std::string addData(Dice dice);
@@ -89,15 +89,16 @@ public:
   std::string editHeader(Dice dice);
 
 private:
-  std::string differenceInDocument();
-  std::string differenceInSprite(std::int32_t device);
-  std::string differenceInLine(std::int32_t link);
-  std::string differenceInBand();
-  std::string differenceInPanels();
+  /// Keeps the first difference.
+  void compare(const std::string &what, const std::string &is, const std::string &due);
+  void compareDocuments();
+  void compareSprite(std::int32_t device);
+  template <class F, class Naive>
+  void comparePanel(const char *name, const std::optional<Naive> &due);
 
   template <class F, class Naive>
   std::string toggle(const char *name, std::optional<Naive> &panel, void (frmMain::*openPanel)(),
-                     void (NaiveModel::*show)());
+                     void (NaiveModel::*create)());
   std::string editGroup(Dice &dice);
   std::string chooseLock(Dice &dice, int box);
 
@@ -117,6 +118,7 @@ private:
   const Look look;
   std::optional<Boxes> boxes;
   std::vector<std::string> shown; // texts of the step's boxes
+  std::string found;              // the first difference
   QString answer;                 // that file dialogs give; null to cancel
   frmMain main;
   Surface &surface = main.picLayout();

@@ -32,11 +32,6 @@ std::string describe(const Line &line) {
               line.BorderColor);
 }
 
-/// "what: program, due", or nothing if they are equal.
-std::string differing(const std::string &what, const std::string &is, const std::string &due) {
-  return is == due ? "" : what + ":\n  program " + is + "\n  model   " + due;
-}
-
 template <class T = QWidget>
 T &control(const QWidget &panel, const QString &name) {
   return *panel.findChild<T *>(name);
@@ -58,7 +53,7 @@ NaiveList listOf(const QWidget &panel, const char *name) {
   const auto &list = control<NumberList>(panel, QString::fromLatin1(name));
   NaiveList result{.rows = {}, .row = list.ListIndex()};
   for (const NumberRow &row : list.rows())
-    result.rows.push_back({row.text.toStdString(), row.number});
+    result.rows.emplace_back(row.text.toStdString(), row.number);
   return result;
 }
 
@@ -86,13 +81,11 @@ NaiveDevicePanel contentOf(const frmDevice &panel) {
 }
 
 NaiveLinkPanel contentOf(const frmLinks &panel) {
-  const NaiveList links = listOf(panel, "lstLinks");
   return {.shown = panel.isVisible(),
           .device = shows(panel, QStringLiteral("picLinks")),
           .heading = control<QLabel>(panel, QStringLiteral("lblLinks")).text().toStdString(),
-          .rows = links.rows,
-          .row = links.row,
-          .spot = pressed(panel, "optPosition", 18),
+          .links = listOf(panel, "lstLinks"),
+          .spot = position(pressed(panel, "optPosition", 18)),
           .x = textOf(panel, QStringLiteral("txtX")),
           .y = textOf(panel, QStringLiteral("txtY")),
           .level = pressed(panel, "optSecur", 3)};
@@ -114,102 +107,68 @@ NaiveInfoPanel contentOf(const frmLanInfo &panel) {
   return result;
 }
 
-template <class F, class Naive>
-std::string differenceIn(const char *name, const std::optional<Naive> &due) {
-  const std::string is = Form<F>::isLoaded() ? describe(contentOf(Form<F>::instance())) : "none";
-  return differing(name, is, due ? describe(*due) : "none");
-}
-
 } // namespace
 
+void Session::compare(const std::string &what, const std::string &is, const std::string &due) {
+  if (found.empty() && is != due)
+    found = what + ":\n  program " + is + "\n  model   " + due;
+}
+
+template <class F, class Naive>
+void Session::comparePanel(const char *name, const std::optional<Naive> &due) {
+  const std::string is = Form<F>::isLoaded() ? describe(contentOf(Form<F>::instance())) : "none";
+  compare(name, is, due ? describe(*due) : "none");
+}
+
 std::string Session::difference() {
-  std::string found = differing("message boxes", testing::PrintToString(shown),
-                                testing::PrintToString(model.boxes));
-  if (found.empty())
-    found = differenceInDocument();
+  found.clear();
+  compare("message boxes", testing::PrintToString(shown), testing::PrintToString(model.boxes));
+  compareDocuments();
   for (std::int32_t i = 0; found.empty() && i <= UBound(Systems); ++i)
-    found = differenceInSprite(i);
+    compareSprite(i);
   for (std::int32_t i = 1; found.empty() && i <= UBound(Links); ++i)
-    found = differenceInLine(i);
-  if (found.empty())
-    found = differenceInBand();
-  if (found.empty())
-    found = differenceInPanels();
-  if (found.empty())
-    found = differing("status line", lblStatus.text().toStdString(), model.status);
+    compare(text("line ", i), describe(surface.lneLink(i)), describe(model.lines[position(i)]));
+  model.band.BorderColor = surface.lneXOR.BorderColor;
+  compare("band", surface.lneXOR.Visible ? describe(surface.lneXOR) : "hidden",
+          model.band.Visible ? describe(model.band) : "hidden");
+  comparePanel<frmDevice>("device panel", model.devicePanel);
+  comparePanel<frmLinks>("link panel", model.linkPanel);
+  comparePanel<frmSubnet>("subnet panel", model.subnetPanel);
+  comparePanel<frmLanInfo>("LAN information panel", model.infoPanel);
+  compare("status line", lblStatus.text().toStdString(), model.status);
   return found;
 }
 
-std::string Session::differenceInDocument() {
-  const auto exists = [](std::int32_t device) { return device >= 0 && device <= UBound(Systems); };
-  for (std::size_t i = 1; i < Links.size(); ++i)
-    if (!exists(Links[i].lFrom) || !exists(Links[i].lTo))
-      return text("link ", i, " has no device at an end");
-  for (std::size_t i = 1; i < Subnets.size(); ++i)
-    if (!exists(Subnets[i].lFor) || !exists(Subnets[i].lFrom))
-      return text("subnet ", i, " names no device");
-  std::string found = differing("document", dump(), dumpOf(model.document));
-  if (found.empty())
-    found = differing("selection", text(lSelectedItem), text(model.selected));
-  if (found.empty())
-    found =
-        differing("sprites and lines",
-                  text(surface.picSystem.UBound(), ' ', surface.lneLink.UBound(), ' ',
-                       surface.lneLink(0).Visible),
-                  text(UBound(model.document.systems), ' ', UBound(model.document.links), " 0"));
-  return found;
+void Session::compareDocuments() {
+  const auto exist = [](std::int32_t one, std::int32_t other) {
+    return std::min(one, other) >= 0 && std::max(one, other) <= UBound(Systems);
+  };
+  bool all = true;
+  for (const LinkRec &link : Links)
+    all = all && exist(link.lFrom, link.lTo);
+  for (const SubnetRec &subnet : Subnets)
+    all = all && exist(subnet.lFor, subnet.lFrom);
+  compare("ends of links and subnets exist", text(all), "1");
+  compare("document", dump(), dumpOf(model.document));
+  compare("selection", text(lSelectedItem), text(model.selected));
+  compare("sprites and lines",
+          text(surface.picSystem.UBound(), ' ', surface.lneLink.UBound(), ' ',
+               surface.lneLink(0).Visible),
+          text(UBound(model.document.systems), ' ', UBound(model.document.links), " 0"));
 }
 
-std::string Session::differenceInSprite(std::int32_t device) {
+void Session::compareSprite(std::int32_t device) {
   const Sprite &sprite = surface.picSystem(device);
   const SystemRec &record = model.document.systems[position(device)];
   const QSize size = model.sizeOf(device);
-  std::string found = differing(
-      text("sprite ", device),
-      text(sprite.Left, ',', sprite.Top, ' ', sprite.Width, 'x', sprite.Height, ' ', sprite.Visible,
-           ' ', sprite.ToolTipText().toStdString(), ' ', sprite.Picture.cacheKey()),
-      text(record.lX, ',', record.lY, ' ', size.width(), 'x', size.height(), " 1 ",
-           NameFromType(record.lType, true).toStdString(), ' ',
-           DeviceImages(record.lType).cacheKey()));
-  return found.empty()
-             ? differing(text("frame of ", device), describe(sprite.layer, sprite.Tag),
-                         describe(model.layers[position(device)], model.tags[position(device)]))
-             : found;
-}
-
-std::string Session::differenceInLine(std::int32_t link) {
-  const NaiveLine &due = model.lines[position(link)];
-  return differing(text("line ", link), describe(surface.lneLink(link)),
-                   describe(Line{.X1 = due.x1,
-                                 .Y1 = due.y1,
-                                 .X2 = due.x2,
-                                 .Y2 = due.y2,
-                                 .BorderColor = due.colour,
-                                 .Visible = true}));
-}
-
-std::string Session::differenceInBand() {
-  const Line &band = surface.lneXOR;
-  if (!model.band || !model.band->end)
-    return band.Visible ? "the band shows" : "";
-  return differing("band", describe(band),
-                   describe(Line{.X1 = static_cast<float>(model.band->x),
-                                 .Y1 = static_cast<float>(model.band->y),
-                                 .X2 = static_cast<float>(model.band->end->x()),
-                                 .Y2 = static_cast<float>(model.band->end->y()),
-                                 .BorderColor = band.BorderColor,
-                                 .Visible = true}));
-}
-
-std::string Session::differenceInPanels() {
-  std::string found = differenceIn<frmDevice>("device panel", model.devicePanel);
-  if (found.empty())
-    found = differenceIn<frmLinks>("link panel", model.linkPanel);
-  if (found.empty())
-    found = differenceIn<frmSubnet>("subnet panel", model.subnetPanel);
-  if (found.empty())
-    found = differenceIn<frmLanInfo>("LAN information panel", model.infoPanel);
-  return found;
+  compare(text("sprite ", device),
+          text(sprite.Left, ',', sprite.Top, ' ', sprite.Width, 'x', sprite.Height, ' ',
+               sprite.Visible, ' ', sprite.ToolTipText().toStdString(), ' ',
+               sprite.Picture.cacheKey()),
+          text(record.lX, ',', record.lY, ' ', size.width(), 'x', size.height(), " 1 ",
+               nameOf(record.lType), ' ', DeviceImages(record.lType).cacheKey()));
+  compare(text("frame of ", device), describe(sprite.layer, sprite.Tag),
+          describe(model.layers[position(device)], model.tags[position(device)]));
 }
 
 } // namespace vnb::test

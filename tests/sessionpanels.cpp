@@ -20,33 +20,25 @@ struct TypedNumber {
   const char *text, *shown;
   std::int32_t value;
 };
-constexpr std::array<TypedNumber, 12> numbers{{{"5", "5", 5},
-                                               {"05", "05", 5},
-                                               {"", "", 0},
-                                               {"abc", "abc", 0},
-                                               {" 7", " 7", 7},
-                                               {"1.5", "1.5", 2},
-                                               {"2.5", "2.5", 2},
-                                               {"12x", "12x", 12},
-                                               {"-3", "-3", -3},
-                                               {"1e2", "1e2", 100},
-                                               {"12345", "123", 123},
-                                               {"0.4", "0.4", 0}}};
+constexpr TypedNumber numbers[] = {{"5", "5", 5},       {"05", "05", 5},       {"", "", 0},
+                                   {"abc", "abc", 0},   {" 7", " 7", 7},       {"1.5", "1.5", 2},
+                                   {"2.5", "2.5", 2},   {"12x", "12x", 12},    {"-3", "-3", -3},
+                                   {"1e2", "1e2", 100}, {"12345", "123", 123}, {"0.4", "0.4", 0}};
 
 /// The same for a fraction in a box of four; nothing for what is no number.
 struct TypedFraction {
   const char *text, *shown;
   std::optional<double> value;
 };
-constexpr std::array<TypedFraction, 9> fractions{{{"0.5", "0.5", .5},
-                                                  {".25", ".25", .25},
-                                                  {"-1", "-1", -1},
-                                                  {"2", "2", 2},
-                                                  {"0.125", "0.12", .12},
-                                                  {"1e1", "1e1", 10},
-                                                  {"x", "x", std::nullopt},
-                                                  {"", "", std::nullopt},
-                                                  {"1,5", "1,5", std::nullopt}}};
+constexpr TypedFraction fractions[] = {{"0.5", "0.5", .5},
+                                       {".25", ".25", .25},
+                                       {"-1", "-1", -1},
+                                       {"2", "2", 2},
+                                       {"0.125", "0.12", .12},
+                                       {"1e1", "1e1", 10},
+                                       {"x", "x", std::nullopt},
+                                       {"", "", std::nullopt},
+                                       {"1,5", "1,5", std::nullopt}};
 
 constexpr std::array words{"", "x", "Main 5", "a;b", "\xC3\xA9t\xC3\xA9", "12"};
 
@@ -84,14 +76,15 @@ std::optional<double> valueOf(const std::string &shown) {
 
 template <class F, class Naive>
 std::string Session::toggle(const char *name, std::optional<Naive> &panel,
-                            void (frmMain::*openPanel)(), void (NaiveModel::*show)()) {
+                            void (frmMain::*openPanel)(), void (NaiveModel::*create)()) {
   if (panel && panel->shown) {
     form<F>().close();
     panel.reset();
     return text("close ", name);
   }
   (main.*openPanel)();
-  (model.*show)();
+  (model.*create)();
+  panel->shown = true;
   form<F>().move(main.width() + 10, 0);
   return text("show ", name);
 }
@@ -100,16 +93,16 @@ std::string Session::togglePanel(Dice dice) {
   switch (dice.below(4)) {
   case 0:
     return toggle<frmDevice>("the device panel", model.devicePanel, &frmMain::picDevice_Click,
-                             &NaiveModel::showDevicePanel);
+                             &NaiveModel::createDevicePanel);
   case 1:
     return toggle<frmLinks>("the link panel", model.linkPanel, &frmMain::picLink_Click,
-                            &NaiveModel::showLinkPanel);
+                            &NaiveModel::createLinkPanel);
   case 2:
     return toggle<frmSubnet>("the subnet panel", model.subnetPanel, &frmMain::picSubnet_Click,
-                             &NaiveModel::showSubnetPanel);
+                             &NaiveModel::createSubnetPanel);
   default:
     return toggle<frmLanInfo>("the LAN information panel", model.infoPanel, &frmMain::picInfo_Click,
-                              &NaiveModel::showInfoPanel);
+                              &NaiveModel::createInfoPanel);
   }
 }
 
@@ -155,7 +148,7 @@ std::string Session::editGroup(Dice &dice) {
     return chooseLock(dice, 3 + dice.below(2));
   case 4: {
     const int box = dice.below(2);
-    const TypedNumber &number = numbers[position(dice.below(numbers.size()))];
+    const TypedNumber &number = numbers[position(dice.below(std::size(numbers)))];
     type(panel, QStringLiteral("txtFreq%1").arg(box), number.text);
     model.typeFrequency(position(box), number.shown, number.value);
     return text("type '", number.text, "' as frequency ", box);
@@ -182,15 +175,15 @@ std::string Session::editLink(Dice dice) {
   NaiveLinkPanel &due = *model.linkPanel;
   switch (dice.below(6)) {
   case 0: {
-    if (due.rows.empty())
+    if (due.links.rows.empty())
       return {};
-    const int row = dice.below(due.rows.size());
+    const int row = dice.below(due.links.rows.size());
     control<NumberList>(panel, QStringLiteral("lstLinks")).setListIndex(row);
     model.pickLink(row);
     return text("pick link row ", row);
   }
   case 1: {
-    const TypedFraction &fraction = fractions[position(dice.below(fractions.size()))];
+    const TypedFraction &fraction = fractions[position(dice.below(std::size(fractions)))];
     const bool across = dice.below(2) == 0;
     type(panel, across ? QStringLiteral("txtX") : QStringLiteral("txtY"), fraction.text);
     (across ? due.x : due.y) = fraction.shown;
@@ -205,11 +198,12 @@ std::string Session::editLink(Dice dice) {
   case 3: {
     const bool yes = dice.below(4) != 0;
     willAnswer(yes);
-    if (due.row != -1)
+    const int row = due.links.row;
+    if (row != -1)
       model.boxes.push_back("Are you sure you want to remove the link " +
-                            due.rows[position(due.row)].text.substr(5) + "?");
+                            due.links.rows[position(row)].first.substr(5) + "?");
     press(panel, QStringLiteral("cmdRemove"));
-    if (due.row != -1 && yes)
+    if (row != -1 && yes)
       model.removePickedLink();
     return text("remove the picked link", yes ? "" : ", no");
   }
@@ -218,7 +212,7 @@ std::string Session::editLink(Dice dice) {
     const std::optional<double> x = valueOf(due.x);
     const std::optional<double> y = valueOf(due.y);
     press(panel, QStringLiteral("optPosition%1").arg(spot));
-    model.pickPosition(spot, x && y ? std::optional(std::pair(*x, *y)) : std::nullopt);
+    model.pickPosition(position(spot), x && y ? std::optional(std::pair(*x, *y)) : std::nullopt);
     return text("pick position ", spot);
   }
   }
@@ -246,11 +240,11 @@ std::string Session::editSubnets(Dice dice) {
     if (model.document.subnets.size() >= mostOthers)
       return {};
     QTest::mouseClick(&control<PictureButton>(panel, QStringLiteral("picAdd")), Qt::LeftButton);
-    model.addSubnet();
+    model.moveSystem(due.systems, due.subnets);
     return "add the picked system";
   default:
     QTest::mouseClick(&control<PictureButton>(panel, QStringLiteral("picRemove")), Qt::LeftButton);
-    model.removeSubnet();
+    model.moveSystem(due.subnets, due.systems);
     return "remove the picked subnet";
   }
 }
@@ -260,7 +254,7 @@ std::string Session::editHeader(Dice dice) {
     return {};
   constexpr std::array names{"txtName", "txtCompany", "txtIP", "txtX", "txtY"};
   const std::size_t box = position(dice.below(names.size()));
-  const TypedNumber &number = numbers[position(dice.below(numbers.size()))];
+  const TypedNumber &number = numbers[position(dice.below(std::size(numbers)))];
   const char *const typed = box < 3 ? words[position(dice.below(words.size()))] : number.text;
   type(form<frmLanInfo>(), QString::fromLatin1(names[box]), typed);
   model.typeHeader(box, box < 3 ? typed : number.shown, number.value);
