@@ -162,14 +162,11 @@ TEST_F(Panels, SubnetsMoveBetweenTheListsAndAreFramed) {
     const char *lists, *subnets, *due;
   };
   for (const auto &[name, row, lists, subnets, due] : std::vector<Case>{
-           {"picAdd", -1, "24 13", "0<4;0<4;0<2", "2 solid 2 8000;4 solid 2 8000;"},
-           {"lstSubnets", 1, "24 13", "0<4;0<4;0<2", "2 solid 2 8000;4 solid 2 FF00;"},
            {"lstSubnets", 0, "24 13", "0<4;0<4;0<2", "2 solid 2 FF00;4 solid 2 8000;"},
            {"lstSystems", 0, "24 13", "0<4;0<4;0<2", "2 solid 2 FF00;4 solid 2 8000;"},
            {"picAdd", -1, "241 3", "0<4;0<4;0<2;0<1", "2 solid 2 FF00;4 solid 2 8000;"},
            {"picAdd", -1, "241 3", "0<4;0<4;0<2;0<1", "2 solid 2 FF00;4 solid 2 8000;"},
            {"lstSubnets", 1, "241 3", "0<4;0<4;0<2;0<1", "2 solid 2 8000;4 solid 2 FF00;"},
-           {"picRemove", -1, "21 34", "0<4;0<2;0<1", "2 solid 2 8000;4 solid 2 FF00;"},
            {"picRemove", -1, "21 34", "0<4;0<2;0<1", "2 solid 2 8000;4 solid 2 FF00;"},
            {"lstSubnets", 1, "21 34", "0<4;0<2;0<1",
             "1 solid 2 FF00;2 solid 2 8000;4 solid 2 8000;"}}) {
