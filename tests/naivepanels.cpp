@@ -4,8 +4,6 @@
 #include "naivemodel.h"
 #include "runtime/numbers.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 namespace vnb::test {
@@ -24,9 +22,10 @@ std::vector<std::pair<double, double>> spots() {
   return places;
 }
 
-template <class List>
-std::string rowsOf(const List &list) {
-  return testing::PrintToString(list.rows) + " at " + std::to_string(list.row);
+/// `count` buttons, of which one is down.
+void addButtons(Readings &readings, const char *name, int count, int down) {
+  for (int i = 0; i < count; ++i)
+    readings.emplace_back(text(name, i), text(i == down));
 }
 
 /// Text typed over all of a box's. Acts also where it is the same as before, but for nothing typed
@@ -37,29 +36,43 @@ bool typed(std::string &box, const std::string &text) {
 
 } // namespace
 
-std::string describe(const NaiveDevicePanel &panel) {
-  std::string boxes;
-  for (const NaiveLockBox &box : panel.boxes)
-    boxes += rowsOf(box) + "; ";
-  return text("shown ", panel.shown, ", device ", panel.device, ", group ", panel.group, ", data '",
-              panel.data, "', level ", panel.level, ", locked ", panel.locked, ", phone '",
-              panel.phone, "', frequency ", testing::PrintToString(panel.frequency), ", boxes ",
-              boxes);
+Readings readings(const NaiveDevicePanel &panel) {
+  Readings result{{"lblNoDevice?", text(!panel.device)},
+                  {"txtData", panel.data},
+                  {"txtPhone", panel.phone},
+                  {"txtFreq0", panel.frequency[0]},
+                  {"txtFreq1", panel.frequency[1]},
+                  {"chkLocked", text(panel.locked)}};
+  addButtons(result, "optSecur", 3, panel.level);
+  for (int i = 0; i < 5; ++i) {
+    const NaiveLockBox &box = panel.boxes[position(i)];
+    result.emplace_back(text("picSpecific", i, '?'), text(panel.group == i));
+    result.emplace_back(text("cboLock", i), reading(box.rows, box.row));
+  }
+  return result;
 }
 
-std::string describe(const NaiveLinkPanel &panel) {
-  return text("shown ", panel.shown, ", device ", panel.device, ", ", panel.heading,
-              rowsOf(panel.links), ", spot ", panel.spot, ", X '", panel.x, "', Y '", panel.y,
-              "', level ", panel.level);
+Readings readings(const NaiveLinkPanel &panel) {
+  Readings result{{"picLinks?", text(panel.device)},
+                  {"lblLinks", panel.heading},
+                  {"lstLinks", reading(panel.links.rows, panel.links.row)},
+                  {"txtX", panel.x},
+                  {"txtY", panel.y}};
+  addButtons(result, "optPosition", 18, static_cast<int>(panel.spot));
+  addButtons(result, "optSecur", 3, panel.level);
+  return result;
 }
 
-std::string describe(const NaiveSubnetPanel &panel) {
-  return text("shown ", panel.shown, ", device ", panel.device, ", ", panel.heading,
-              rowsOf(panel.subnets), ", systems ", rowsOf(panel.systems));
+Readings readings(const NaiveSubnetPanel &panel) {
+  return {{"picSubnets?", text(panel.device)},
+          {"lblSubnets", panel.heading},
+          {"lstSubnets", reading(panel.subnets.rows, panel.subnets.row)},
+          {"lstSystems", reading(panel.systems.rows, panel.systems.row)}};
 }
 
-std::string describe(const NaiveInfoPanel &panel) {
-  return text("shown ", panel.shown, ", ", testing::PrintToString(panel.texts));
+Readings readings(const NaiveInfoPanel &panel) {
+  const auto &[name, company, ip, x, y] = panel.texts;
+  return {{"txtName", name}, {"txtCompany", company}, {"txtIP", ip}, {"txtX", x}, {"txtY", y}};
 }
 
 // The device panel.

@@ -2,6 +2,8 @@
 /// What the four panels show, as plain values, and how it reads.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cstdint>
 #include <sstream>
@@ -63,9 +65,17 @@ struct NaiveInfoPanel {
   std::array<std::string, 5> texts; // by HeaderField
 };
 
-std::string describe(const NaiveDevicePanel &panel);
-std::string describe(const NaiveLinkPanel &panel);
-std::string describe(const NaiveSubnetPanel &panel);
-std::string describe(const NaiveInfoPanel &panel);
+/// Names of controls with what each says; behind "?" stands whether it shows.
+using Readings = std::vector<std::pair<std::string, std::string>>;
+
+Readings readings(const NaiveDevicePanel &panel);
+Readings readings(const NaiveLinkPanel &panel);
+Readings readings(const NaiveSubnetPanel &panel);
+Readings readings(const NaiveInfoPanel &panel);
+
+template <class Row>
+std::string reading(const std::vector<Row> &rows, int row) {
+  return testing::PrintToString(rows) + " at " + std::to_string(row);
+}
 
 } // namespace vnb::test

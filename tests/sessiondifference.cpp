@@ -32,79 +32,30 @@ std::string describe(const Line &line) {
               line.BorderColor);
 }
 
-template <class T = QWidget>
-T &control(const QWidget &panel, const QString &name) {
-  return *panel.findChild<T *>(name);
-}
-std::string textOf(const QWidget &panel, const QString &name) {
-  return control<TextBox>(panel, name).text().toStdString();
-}
-bool shows(const QWidget &panel, const QString &name) {
-  return !control(panel, name).isHidden();
-}
-/// Which of the buttons `name` 0 to `count` - 1 is down, -1 for none.
-int pressed(const QWidget &panel, const char *name, int count) {
-  for (int i = 0; i < count; ++i)
-    if (control<QAbstractButton>(panel, QString::fromLatin1(name) + QString::number(i)).isChecked())
-      return i;
-  return -1;
-}
-NaiveList listOf(const QWidget &panel, const char *name) {
-  const auto &list = control<NumberList>(panel, QString::fromLatin1(name));
-  NaiveList result{.rows = {}, .row = list.ListIndex()};
-  for (const NumberRow &row : list.rows())
-    result.rows.emplace_back(row.text.toStdString(), row.number);
-  return result;
-}
-
-NaiveDevicePanel contentOf(const frmDevice &panel) {
-  NaiveDevicePanel result{
-      .shown = panel.isVisible(),
-      .device = !shows(panel, QStringLiteral("lblNoDevice")),
-      .data = textOf(panel, QStringLiteral("txtData")),
-      .phone = textOf(panel, QStringLiteral("txtPhone")),
-      .level = pressed(panel, "optSecur", 3),
-      .locked = control<QAbstractButton>(panel, QStringLiteral("chkLocked")).isChecked(),
-      .frequency = {textOf(panel, QStringLiteral("txtFreq0")),
-                    textOf(panel, QStringLiteral("txtFreq1"))},
-  };
-  for (int i = 0; i < 5; ++i) {
-    if (shows(panel, QStringLiteral("picSpecific%1").arg(i)))
-      result.group = i;
-    const auto &box = control<QComboBox>(panel, QStringLiteral("cboLock%1").arg(i));
-    NaiveLockBox &lockBox = result.boxes[position(i)];
-    lockBox.row = box.currentIndex();
-    for (int row = 0; row < box.count(); ++row)
-      lockBox.rows.push_back(box.itemText(row).toStdString());
+/// What a control of a panel says, or with "?" behind its name whether it shows.
+std::string readingOf(const QWidget &panel, const QString &name) {
+  const bool visibility = name.endsWith(u'?');
+  const QWidget *control = panel.findChild<QWidget *>(visibility ? name.chopped(1) : name);
+  if (visibility)
+    return text(!control->isHidden());
+  if (const auto *button = dynamic_cast<const QAbstractButton *>(control))
+    return text(button->isChecked());
+  if (const auto *label = dynamic_cast<const QLabel *>(control))
+    return label->text().toStdString();
+  if (const auto *list = dynamic_cast<const NumberList *>(control)) {
+    NaiveList shown;
+    for (const NumberRow &row : list->rows())
+      shown.rows.emplace_back(row.text.toStdString(), row.number);
+    return reading(shown.rows, list->ListIndex());
   }
-  return result;
-}
-
-NaiveLinkPanel contentOf(const frmLinks &panel) {
-  return {.shown = panel.isVisible(),
-          .device = shows(panel, QStringLiteral("picLinks")),
-          .heading = control<QLabel>(panel, QStringLiteral("lblLinks")).text().toStdString(),
-          .links = listOf(panel, "lstLinks"),
-          .spot = position(pressed(panel, "optPosition", 18)),
-          .x = textOf(panel, QStringLiteral("txtX")),
-          .y = textOf(panel, QStringLiteral("txtY")),
-          .level = pressed(panel, "optSecur", 3)};
-}
-
-NaiveSubnetPanel contentOf(const frmSubnet &panel) {
-  return {.shown = panel.isVisible(),
-          .device = shows(panel, QStringLiteral("picSubnets")),
-          .heading = control<QLabel>(panel, QStringLiteral("lblSubnets")).text().toStdString(),
-          .subnets = listOf(panel, "lstSubnets"),
-          .systems = listOf(panel, "lstSystems")};
-}
-
-NaiveInfoPanel contentOf(const frmLanInfo &panel) {
-  NaiveInfoPanel result{.shown = panel.isVisible(), .texts = {}};
-  std::size_t box = 0;
-  for (const char *name : {"txtName", "txtCompany", "txtIP", "txtX", "txtY"})
-    result.texts[box++] = textOf(panel, QString::fromLatin1(name));
-  return result;
+  if (const auto *box = dynamic_cast<const QComboBox *>(control)) {
+    std::vector<std::string> rows;
+    rows.reserve(position(box->count()));
+    for (int row = 0; row < box->count(); ++row)
+      rows.push_back(box->itemText(row).toStdString());
+    return reading(rows, box->currentIndex());
+  }
+  return dynamic_cast<const TextBox &>(*control).text().toStdString();
 }
 
 } // namespace
@@ -116,13 +67,19 @@ void Session::compare(const std::string &what, const std::string &is, const std:
 
 template <class F, class Naive>
 void Session::comparePanel(const char *name, const std::optional<Naive> &due) {
-  const std::string is = Form<F>::isLoaded() ? describe(contentOf(Form<F>::instance())) : "none";
-  compare(name, is, due ? describe(*due) : "none");
+  compare(text(name, ", whether there is one"), text(Form<F>::isLoaded()), text(due.has_value()));
+  if (!found.empty() || !due)
+    return;
+  const QWidget &panel = Form<F>::instance();
+  compare(text(name, ", whether it is on screen"), text(panel.isVisible()), text(due->shown));
+  for (const auto &[control, says] : readings(*due))
+    compare(text(name, ", ", control), readingOf(panel, QString::fromStdString(control)), says);
 }
 
 std::string Session::difference() {
   found.clear();
-  compare("message boxes", testing::PrintToString(shown), testing::PrintToString(model.boxes));
+  compare("message boxes", testing::PrintToString(shown),
+          testing::PrintToString(model.boxes));
   compareDocuments();
   for (std::int32_t i = 0; found.empty() && i <= UBound(Systems); ++i)
     compareSprite(i);
