@@ -84,22 +84,17 @@ Session::~Session() {
 }
 
 std::string Session::perform(const Step &step) {
-  boxes.emplace();
-  shown.clear();
+  boxes.texts.clear();
+  boxes.boxes.clear();
   model.boxes.clear();
-  std::string done = (this->*kinds[step.kind].perform)(Dice(step));
-  collectBoxes();
-  return done;
+  boxes.otherwise = Answer::No;
+  return (this->*kinds[step.kind].perform)(Dice(step));
 }
 
-void Session::willAnswer(bool yes) {
-  collectBoxes();
-  boxes.emplace(std::vector{yes ? Answer::Yes : Answer::No});
-}
-
-void Session::collectBoxes() {
-  shown.insert(shown.end(), boxes->texts.begin(), boxes->texts.end());
-  boxes->texts.clear();
+bool Session::answerBoxes(Dice &dice) {
+  const bool yes = dice.below(4) != 0;
+  boxes.otherwise = yes ? Answer::Yes : Answer::No;
+  return yes;
 }
 
 // Gestures.
@@ -294,8 +289,7 @@ std::string Session::removeLink(Dice dice) {
   const std::int32_t other = link.lFrom == device ? link.lTo : link.lFrom;
   model.boxes.push_back(text("Are you sure you want to remove the link ",
                              link.lFrom == device ? "to " : "from ", model.nameAt(other), '?'));
-  const bool yes = dice.below(4) != 0;
-  willAnswer(yes);
+  const bool yes = answerBoxes(dice);
   mnuLinks.actions().at(row)->trigger();
   if (yes)
     model.removeLink(links[position(row)]);
@@ -315,8 +309,7 @@ std::string Session::afterRemoval(std::int32_t device, bool yes) {
 std::string Session::removeByMenu(Dice dice) {
   const std::int32_t device = anyDevice(dice);
   const auto menu = rightClick(device);
-  const bool yes = dice.below(4) != 0;
-  willAnswer(yes);
+  const bool yes = answerBoxes(dice);
   menu->actions().constLast()->trigger();
   return device == 0 ? "right click the router" : afterRemoval(device, yes);
 }
@@ -324,8 +317,7 @@ std::string Session::removeByMenu(Dice dice) {
 std::string Session::removeByKey(Dice dice) {
   const std::int32_t device = anyDevice(dice);
   pressDevice(device, Qt::MiddleButton);
-  const bool yes = dice.below(2) == 0;
-  willAnswer(yes);
+  const bool yes = answerBoxes(dice);
   main.activateWindow();
   QCoreApplication::processEvents();
   QTest::keyClick(main.windowHandle(), Qt::Key_Delete);

@@ -109,17 +109,15 @@ private:
   /// that the handler is told.
   std::optional<QPoint> dropSomewhere(Dice &dice);
   std::unique_ptr<QMenu> rightClick(std::int32_t device);
-  /// The answer to the next message box.
-  void willAnswer(bool yes);
-  void collectBoxes();
+  /// Whether the step's message boxes are answered Yes.
+  bool answerBoxes(Dice &dice);
   std::string afterRemoval(std::int32_t device, bool yes);
 
   const Folder folder;
   const Look look;
-  std::optional<Boxes> boxes;
-  std::vector<std::string> shown; // texts of the step's boxes
-  std::string found;              // the first difference
-  QString answer;                 // that file dialogs give; null to cancel
+  Boxes boxes;       // of the step
+  std::string found; // the first difference
+  QString answer;    // that file dialogs give; null to cancel
   frmMain main;
   Surface &surface = main.picLayout();
   ContextMenu contextMenu{main.selection(), main.operations()};

@@ -78,7 +78,7 @@ void Session::comparePanel(const char *name, const std::optional<Naive> &due) {
 
 std::string Session::difference() {
   found.clear();
-  compare("message boxes", testing::PrintToString(shown),
+  compare("message boxes", testing::PrintToString(boxes.texts),
           testing::PrintToString(model.boxes));
   compareDocuments();
   for (std::int32_t i = 0; found.empty() && i <= UBound(Systems); ++i)

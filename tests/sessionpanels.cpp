@@ -196,8 +196,7 @@ std::string Session::editLink(Dice dice) {
     return text("pick link level ", level + 1);
   }
   case 3: {
-    const bool yes = dice.below(4) != 0;
-    willAnswer(yes);
+    const bool yes = answerBoxes(dice);
     const int row = due.links.row;
     if (row != -1)
       model.boxes.push_back("Are you sure you want to remove the link " +

@@ -40,7 +40,7 @@ Boxes::Boxes(std::vector<Answer> answers) : m_answers(std::move(answers)) {
     boxes.push_back(box);
     texts.push_back(shortText(box));
     const std::size_t index = texts.size() - 1;
-    return index < m_answers.size() ? m_answers[index] : Answer::No;
+    return index < m_answers.size() ? m_answers[index] : otherwise;
   };
 }
 

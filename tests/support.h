@@ -34,8 +34,8 @@ using Words = std::vector<std::string>;
 /// What stands before and behind the last " -> " of each row.
 std::vector<std::pair<std::string, std::string>> sides(const Words &rows);
 
-/// Answers every message box: the scripted answers first, then No. A box that was not expected
-/// stays in `texts` for the test to find.
+/// Answers every message box: the scripted answers first, then `otherwise`. A box that was not
+/// expected stays in `texts` for the test to find.
 class Boxes {
 public:
   explicit Boxes(std::vector<Answer> answers = {});
@@ -46,6 +46,7 @@ public:
   /// "9 frmMain.OpenLANFile" for a standard error report, the text for any other box.
   Words texts;
   std::vector<MessageBox> boxes;
+  Answer otherwise = Answer::No;
 
 private:
   std::vector<Answer> m_answers;
