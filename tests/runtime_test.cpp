@@ -62,10 +62,11 @@ TEST(CLng, RoundsHalvesToTheEvenNeighbourAndRaises) {
 }
 
 TEST(CDbl, TakesDecimalNumbersOnly) {
-  check(CDbl, {"0.25 -> 0.25", "-1e-05 -> -1e-05", "1e+15 -> 1e+15", "1d5 -> E13", "0e999 -> 0",
-               nines + " -> E6", "1" + zeros + "e-2 -> E6", "0." + zeros + "1 -> 0",
-               "0." + zeros + "1e+2 -> 0", "5e-324 -> 4.94065645841247e-324",
-               "1e99999999999999999999 -> E6", "1e-99999999999999999999 -> 0"});
+  check(CDbl,
+        {"0.25 -> 0.25", "-1e-05 -> -1e-05", "1e+15 -> 1e+15", "1d5 -> E13", "1e -> E13",
+         ". -> E13", "0e999 -> 0", nines + " -> E6", "1" + zeros + "e-2 -> E6",
+         "0." + zeros + "1 -> 0", "0." + zeros + "1e+2 -> 0", "5e-324 -> 4.94065645841247e-324",
+         "1e99999999999999999999 -> E6", "1e-99999999999999999999 -> 0"});
 }
 
 TEST(DoubleText, IsGeneralAndComesBack) {

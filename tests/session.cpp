@@ -40,7 +40,7 @@ constexpr std::array kinds{
     StepKind{2, &Session::open},         StepKind{2, &Session::save},
     StepKind{2, &Session::scroll},       StepKind{4, &Session::togglePanel},
     StepKind{10, &Session::editDevice},  StepKind{10, &Session::editLink},
-    StepKind{5, &Session::editSubnets},  StepKind{3, &Session::editHeader},
+    StepKind{8, &Session::editSubnets},  StepKind{3, &Session::editHeader},
 };
 
 } // namespace
