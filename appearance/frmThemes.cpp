@@ -31,8 +31,7 @@ public:
     try {
       LoadTheme(m_file, view);
     } catch (const RuntimeError &) {
-      ThemeFile = m_file;
-      ThemeName = m_name;
+      ThemeFile = m_file; // none at all was taken for the name of a folder
     }
     for (std::size_t i = 0; i < m_colours.size(); ++i)
       *allColours()[i] = m_colours[i];
@@ -44,7 +43,6 @@ public:
 
 private:
   QString m_file = ThemeFile;
-  QString m_name = ThemeName;
   std::vector<Colour> m_colours;
   bool m_grid;
 };
