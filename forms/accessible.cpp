@@ -31,8 +31,14 @@ public:
   void doAction(const QString &action) override {
     if (action != pressAction())
       QAccessibleWidget::doAction(action);
-    else if (m_button.Click)
-      QMetaObject::invokeMethod(&m_button, m_button.Click, Qt::QueuedConnection);
+    else
+      QMetaObject::invokeMethod(
+          &m_button,
+          [button = &m_button] {
+            if (button->isEnabled() && button->Click)
+              button->Click();
+          },
+          Qt::QueuedConnection);
   }
 
 private:

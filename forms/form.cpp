@@ -24,12 +24,37 @@ QFont formFont(qreal pointSize) {
   return font;
 }
 
+namespace {
+
+/// Keeps letters with Alt or Meta from the controls of forms. AltGr is neither of these.
+class CommandKeys : public QObject {
+public:
+  using QObject::QObject;
+
+  bool eventFilter(QObject *object, QEvent *event) override {
+    if (event->type() != QEvent::KeyPress || !object->isWidgetType())
+      return false;
+    const auto &key = *static_cast<QKeyEvent *>(event);
+    const bool command = (key.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) != 0;
+    if (!command || key.text().isEmpty() || !key.text()[0].isPrint() ||
+        dynamic_cast<FormWindow *>(static_cast<QWidget *>(object)->window()) == nullptr)
+      return false;
+    event->ignore();
+    return true;
+  }
+};
+
+} // namespace
+
 FormWindow::FormWindow(const char *name, const char *caption, QSize client) {
   describeForms();
   setObjectName(QString::fromLatin1(name));
   setWindowTitle(QString::fromLatin1(caption));
   setFont(formFont(8.25));
   setFixedSize(pixels(client.width()), pixels(client.height()));
+  static QPointer<QObject> commands;
+  if (!commands)
+    qApp->installEventFilter(commands = new CommandKeys(qApp));
 }
 
 void FormWindow::showOwned(QWidget *owner) {
@@ -57,7 +82,15 @@ void FormWindow::showModal(QWidget *owner) {
 }
 
 void FormWindow::closeEvent(QCloseEvent *event) {
-  event->accept();
+  const QWidget *modal = QApplication::activeModalWidget();
+  event->setAccepted(modal == nullptr || modal == this);
+  if (event->isAccepted())
+    retire();
+}
+
+void FormWindow::retire() {
+  hide();
+  setEnabled(false);
   if (m_release != nullptr)
     m_release();
   if (m_modalLoop != nullptr)

@@ -6,8 +6,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <utility>
-
 class QEventLoop;
 
 namespace vnb {
@@ -17,7 +15,8 @@ namespace vnb {
 QFont formFont(qreal pointSize);
 
 /// What all forms but the main window have in common. A form T derives from it, has its design
-/// state after construction, and a member `void Form_Load()`.
+/// state after construction, and a member `void Form_Load()`. None of its controls takes a letter
+/// with Alt or Meta for text: such keys are the main window's.
 class FormWindow : public QWidget {
 public:
   /// `caption` is the title, `client` the size of the client area in twips.
@@ -29,6 +28,7 @@ public:
   void showModal(QWidget *owner);
 
 protected:
+  /// Refused while a box or a dialog is up: it may be one of this form's handlers that asks.
   void closeEvent(QCloseEvent *event) override;
   /// Escape closes the form as its close box does; Enter presses the button with the focus.
   void keyPressEvent(QKeyEvent *event) override;
@@ -36,6 +36,10 @@ protected:
 private:
   template <class T>
   friend class Form;
+
+  /// Ends the form: it takes no input any more, not even what is queued, and goes with the next
+  /// turn of the event loop.
+  void retire();
 
   void (*m_release)() = nullptr; // lets go of the default instance
   QEventLoop *m_modalLoop = nullptr;
@@ -61,13 +65,10 @@ public:
 
   static bool isLoaded() { return pointer(); }
 
-  /// Closes the form. Does nothing if it isn't loaded. The object goes with the next turn of the
-  /// event loop: one of its handlers may be waiting for an answer.
+  /// Closes the form. Does nothing if it isn't loaded.
   static void unload() {
-    if (T *form = std::exchange(pointer(), nullptr)) {
-      form->hide();
-      form->deleteLater();
-    }
+    if (pointer())
+      pointer()->retire();
   }
 
 private:
