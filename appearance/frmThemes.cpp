@@ -90,8 +90,6 @@ frmThemes::frmThemes() : FormWindow("frmThemes", "Themes", {7125, 3195}) {
   setTabOrder(m_lstThemes, cmdSwitch);
   setTabOrder(cmdSwitch, m_txtDescription);
   m_lstThemes->Click = [this] { lstThemes_Click(); };
-  // A click on the line that is picked already reads its file anew.
-  connect(m_lstThemes, &NumberList::clicked, this, &frmThemes::lstThemes_Click);
   connect(cmdSwitch, &QPushButton::clicked, this, &frmThemes::cmdSwitch_Click);
 }
 

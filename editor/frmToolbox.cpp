@@ -73,7 +73,7 @@ frmToolbox::frmToolbox() : FormWindow("frmToolbox", "Toolbox", {3540, 1290}) {
   lblPreview->setBackgroundRole(QPalette::Base);
   for (const char *item : items)
     m_cboItem->addItem(QString::fromLatin1(item));
-  connect(m_cboItem, &QComboBox::currentIndexChanged, this, &frmToolbox::cboItem_Click);
+  m_cboItem->Click = [this] { cboItem_Click(); };
   connect(cmdAdd, &QPushButton::clicked, this, &frmToolbox::cmdAdd_Click);
   m_picPreview->MouseDown = [this](Qt::MouseButton Button, QPoint at, QPoint global) {
     picPreview_MouseDown(Button, at, global);

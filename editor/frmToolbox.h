@@ -4,13 +4,12 @@
 
 #include "forms/form.h"
 
-class QComboBox;
-
 namespace vnb {
 
+class DocumentOperations;
+class DropDown;
 class Gestures;
 class PictureBox;
-class DocumentOperations;
 
 class frmToolbox : public FormWindow {
 public:
@@ -33,7 +32,7 @@ private:
   std::int32_t chosenType() const;
   bool mayAdd() const;
 
-  QComboBox *m_cboItem;
+  DropDown *m_cboItem;
   PictureBox *m_picPreview;
 };
 

@@ -3,6 +3,7 @@
 
 #include <QAbstractListModel>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 #include <algorithm>
 #include <utility>
@@ -47,10 +48,12 @@ NumberList::NumberList(QWidget *parent) : QListView(parent), m_model(new Model(t
   setModel(m_model);
   setUniformItemSizes(true);
   setEditTriggers(NoEditTriggers);
-  connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-    if (ListIndex() >= 0 && Click)
-      Click();
-  });
+  connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &NumberList::raiseClick);
+}
+
+void NumberList::raiseClick() {
+  if (ListIndex() >= 0 && Click)
+    Click();
 }
 
 void NumberList::setRows(std::vector<NumberRow> rows) {
@@ -89,10 +92,21 @@ void NumberList::setListIndex(int row) {
     setCurrentIndex(m_model->index(row));
 }
 
+// A row that is picked again is a pick, too, though no selection changes.
+
+void NumberList::mousePressEvent(QMouseEvent *event) {
+  const int before = ListIndex();
+  QListView::mousePressEvent(event);
+  if (indexAt(event->position().toPoint()).row() == before)
+    raiseClick();
+}
+
 /// Without a picked row an arrow picks the one that it would start from.
 void NumberList::keyPressEvent(QKeyEvent *event) {
   const bool arrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-  if (arrow && ListIndex() < 0 && !rows().empty())
+  if (event->key() == Qt::Key_Space && ListIndex() == currentIndex().row())
+    raiseClick();
+  else if (arrow && ListIndex() < 0 && !rows().empty())
     setListIndex(std::max(0, currentIndex().row()));
   else
     QListView::keyPressEvent(event);

@@ -32,10 +32,11 @@ public:
   int ListIndex() const;
   void setListIndex(int row);
 
-  /// A row has become selected, by the user or by the program.
+  /// A row has become selected, by the user or by the program, or the user has picked it again.
   std::function<void()> Click;
 
 protected:
+  void mousePressEvent(QMouseEvent *event) override;
   void keyPressEvent(QKeyEvent *event) override;
   /// The user can pick another row, not none.
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
@@ -43,6 +44,8 @@ protected:
 
 private:
   class Model;
+
+  void raiseClick();
 
   Model *m_model;
 };

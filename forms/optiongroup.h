@@ -4,6 +4,8 @@
 
 #include <QButtonGroup>
 
+#include <functional>
+
 namespace vnb {
 
 /// Tab goes to the option that is on, or to the first one while none is; arrows go on from there.
@@ -14,8 +16,14 @@ public:
   /// Turns every option off.
   void clear();
 
+  /// An option was turned on, or the user has picked the one that is on; `id` is its own.
+  std::function<void(int id)> Click;
+
 private:
   void moveTabStop();
+  void raise(int id);
+
+  bool m_raised = false; // since the press that a click ends
 };
 
 } // namespace vnb

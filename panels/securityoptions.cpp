@@ -19,10 +19,10 @@ SecurityOptions::SecurityOptions(QWidget &parent, Place first) : QObject(&parent
     place(*option, first.left + i * step, first.top, first.width, first.height);
     m_group.addButton(option, i);
   }
-  connect(&m_group, &QButtonGroup::idToggled, this, [this](int Index, bool on) {
-    if (on && Click)
+  m_group.Click = [this](int Index) {
+    if (Click)
       Click(Index);
-  });
+  };
 }
 
 void SecurityOptions::mark(std::int32_t lSecur) {
@@ -32,11 +32,6 @@ void SecurityOptions::mark(std::int32_t lSecur) {
     throw RuntimeError(Fault::ControlArrayElement);
   }
   option->setChecked(true);
-}
-
-void SecurityOptions::setVisible(bool visible) {
-  for (QAbstractButton *option : m_group.buttons())
-    option->setVisible(visible);
 }
 
 } // namespace vnb

@@ -18,9 +18,8 @@ public:
 
   /// Marks a level, 1 to 3. Raises 340 for any other, and no level is marked then.
   void mark(std::int32_t lSecur);
-  void setVisible(bool visible);
 
-  /// A button was turned on, by the user or by the program; `Index` is its level less 1.
+  /// As OptionGroup's; `Index` is the level less 1.
   std::function<void(std::int32_t Index)> Click;
 
 private:
