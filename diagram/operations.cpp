@@ -179,6 +179,8 @@ void DiagramOperations::RemoveSystem(std::int32_t lIndex) {
     picSystem.Unload(picSystem.UBound());
   m_surface.update();
   call(Renumbered);
+  if (SystemRemoved)
+    SystemRemoved(lIndex);
   const Report report("frmMain", "RemoveSystem");
   for (std::int32_t i = std::max(lIndex, 0); i <= picSystem.UBound(); ++i)
     if (!report([&] { place(i); }))

@@ -43,6 +43,8 @@ public:
 
   /// Called when system numbers have changed their meaning: after ClearLAN and RemoveSystem.
   std::function<void()> Renumbered;
+  /// Called by RemoveSystem, before anything is selected anew: higher numbers have closed up.
+  std::function<void(std::int32_t lIndex)> SystemRemoved;
   /// Called after ClearLAN: nothing is selected any more.
   std::function<void()> Cleared;
 

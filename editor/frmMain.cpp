@@ -87,12 +87,18 @@ frmMain::frmMain()
   picLayout().picSystem(0).setPicture(LoadResPicture(ResIDFromType(SystemType::Router)));
   m_gestures.openMenu = [this](std::int32_t Index, QPoint global) { openMenu(Index, global); };
   m_operations.Cleared = [] {
-    if (Form<frmDevice>::isLoaded())
+    if (Form<frmDevice>::isLoaded()) {
       Form<frmDevice>::instance().showNoDevice();
+      Form<frmDevice>::instance().PopulateLockBoxes(); // a new LAN has none of the locks listed
+    }
     if (Form<frmLinks>::isLoaded())
       Form<frmLinks>::instance().showNoDevice();
     if (Form<frmSubnet>::isLoaded())
       Form<frmSubnet>::instance().showNoDevice();
+  };
+  m_operations.SystemRemoved = [](std::int32_t lIndex) {
+    if (Form<frmDevice>::isLoaded())
+      Form<frmDevice>::instance().systemRemoved(lIndex);
   };
   m_operations.PopulateLockBoxes = [] { Form<frmDevice>::instance().PopulateLockBoxes(); };
   panelContext = {.selection = &m_selection, .operations = &m_operations};
@@ -275,6 +281,9 @@ void frmMain::picLoad_Click() {
 void frmMain::openFile(const QString &sFileName, bool bTakeYourTime) {
   EditorReaderView view(m_operations);
   OpenLANFile(sFileName, m_operations, view, bTakeYourTime);
+  // A reading that was given up has left the boxes of the fields behind alone.
+  if (Form<frmLanInfo>::isLoaded())
+    Form<frmLanInfo>::instance().showHeader();
 }
 
 void frmMain::picSave_Click() {

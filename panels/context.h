@@ -4,6 +4,7 @@
 
 #include "diagram/operations.h"
 #include "diagram/selection.h"
+#include "runtime/error.h"
 
 namespace vnb {
 
@@ -15,9 +16,17 @@ struct PanelContext {
 /// To be filled before any panel is addressed.
 inline PanelContext panelContext;
 
-/// Record of the selected device. REQUIRES: a device is selected.
+/// The selected device. Raises 9 if none is selected: assistive technology reaches into boxes that
+/// no key does.
+inline std::int32_t selectedNumber() {
+  if (lSelectedItem < 0)
+    throw RuntimeError(Fault::SubscriptOutOfRange);
+  return lSelectedItem;
+}
+
+/// Its record. Raises 9 if none is selected.
 inline SystemRec &selectedSystem() {
-  return Systems[static_cast<std::size_t>(lSelectedItem)];
+  return Systems[static_cast<std::size_t>(selectedNumber())];
 }
 
 } // namespace vnb

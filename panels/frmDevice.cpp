@@ -10,9 +10,6 @@
 #include "runtime/twips.h"
 
 #include <QCheckBox>
-#include <QSignalBlocker>
-
-#include <algorithm>
 
 namespace vnb {
 namespace {
@@ -62,24 +59,21 @@ QFont stretchedFont(QFont font, const QString &text, qreal width) {
 
 } // namespace
 
-frmDevice::frmDevice() : FormWindow("frmDevice", "Device Properties", {4680, 1590}) {
+frmDevice::frmDevice()
+    : DevicePanel("frmDevice", "Device Properties", {4680, 1590}, "picProperties") {
   addCommon();
   addGroups();
-  m_lblNoDevice =
-      addLabel(*this, QStringLiteral("lblNoDevice"), QStringLiteral("No Device Selected"),
-               {60, 60, 4560, 1470}, Qt::AlignHCenter);
-  showNoDevice();
 }
 
 void frmDevice::addCommon() {
-  m_lblInfo[0] = addLabel(*this, QStringLiteral("lblInfo0"), QStringLiteral("Extra information:"),
-                          {60, 90, 1500, 195});
-  m_txtData = add<TextBox>(*this, QStringLiteral("txtData"));
+  QLabel *lblData = addLabel(container(), QStringLiteral("lblInfo0"),
+                             QStringLiteral("Extra information:"), {60, 90, 1500, 195});
+  m_txtData = add<TextBox>(container(), QStringLiteral("txtData"));
   place(*m_txtData, 1830, 45, 2760, 285);
-  describe(*m_txtData, *m_lblInfo[0]);
-  m_lblInfo[1] = addLabel(*this, QStringLiteral("lblInfo1"), QStringLiteral("Security level:"),
-                          {60, 390, 1500, 195});
-  m_optSecur = new SecurityOptions(*this, {1830, 375, 315, 240});
+  describe(*m_txtData, *lblData);
+  addLabel(container(), QStringLiteral("lblInfo1"), QStringLiteral("Security level:"),
+           {60, 390, 1500, 195});
+  m_optSecur = new SecurityOptions(container(), {1830, 375, 315, 240});
   m_optSecur->Click = [](std::int32_t Index) {
     if (lSelectedItem != -1)
       selectedSystem().lSecur = Index + 1;
@@ -88,8 +82,9 @@ void frmDevice::addCommon() {
 }
 
 QWidget *frmDevice::addGroup(int index) {
-  auto *group = add<QWidget>(*this, QStringLiteral("picSpecific%1").arg(index));
+  auto *group = add<QWidget>(container(), QStringLiteral("picSpecific%1").arg(index));
   place(*group, 60, 615, 4575, 960);
+  group->hide();
   m_picSpecific[static_cast<std::size_t>(index)] = group;
   return group;
 }
@@ -126,11 +121,11 @@ void frmDevice::addLockBox(QWidget &group, int index, int column, const QString 
   // Its width doesn't depend on its rows: measuring thousands of them takes long.
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(5);
-  box->setModel(hasNone(index) ? &m_noneAndLockRows : &m_lockRows);
+  box->setModel(&rows(index));
   place(*box, column * columnWidth, 360, 1440, 330);
   describe(*box, *label);
   m_cboLock[static_cast<std::size_t>(index)] = box;
-  connect(box, &QComboBox::currentIndexChanged, this, [this, index] { cboLock_Click(index); });
+  box->Click = [this, index] { cboLock_Click(index); };
 }
 
 /// One caption whose runs of blanks lie behind the two boxes; they are stretched so that the point
@@ -160,16 +155,10 @@ void frmDevice::addFrequency(QWidget &group) {
 
 void frmDevice::Form_Load() {
   reported(
-      "frmDevice", "Form_Load", [this] { UpdateColors(); },
+      "frmDevice", "Form_Load", [this] { UpdateColors(); }, [this] { PopulateLockBoxes(); },
       [this] {
-        if (lSelectedItem == -1)
-          return;
-        showCommon(true);
-        fillCommon();
-        const int group = groupOf(selectedSystem().lType);
-        if (group == 1 || group == 3)
-          PopulateLockBoxes();
-        fillGroup();
+        if (lSelectedItem != -1)
+          selectionFill();
       });
 }
 
@@ -178,28 +167,14 @@ void frmDevice::UpdateColors() {
                        {"lblNoDevice", ColourException::Kind::RedText}});
 }
 
-void frmDevice::showCommon(bool device) {
-  m_txtData->setVisible(device);
-  for (QLabel *label : m_lblInfo)
-    label->setVisible(device);
-  m_optSecur->setVisible(device);
-  m_lblNoDevice->setVisible(!device);
-}
-
 void frmDevice::showGroup(int index) {
   for (int i = 0; i < static_cast<int>(m_picSpecific.size()); ++i)
     m_picSpecific[static_cast<std::size_t>(i)]->setVisible(i == index);
 }
 
-void frmDevice::showNoDevice() {
-  showGroup(-1);
-  showCommon(false);
-}
-
 void frmDevice::selectionFill() {
-  showGroup(-1);
   fillCommon();
-  showCommon(true);
+  showDevice();
   fillGroup();
 }
 
@@ -244,40 +219,37 @@ void frmDevice::fillGroup() {
 
 void frmDevice::Choose(std::int32_t lCombo, std::int32_t lNumber) {
   reported("frmDevice", "Choose", [&] {
-    QComboBox &box = *m_cboLock[static_cast<std::size_t>(lCombo)];
-    if (box.count() == 0)
-      return;
+    DropDown &box = *m_cboLock[static_cast<std::size_t>(lCombo)];
     if (lNumber == -1) {
-      box.setCurrentIndex(hasNone(lCombo) ? 0 : -1);
+      box.setListIndex(hasNone(lCombo) ? 0 : -1);
       return;
     }
-    box.setCurrentIndex(-1);
-    const auto found = std::ranges::lower_bound(m_locks, lNumber);
-    if (found != m_locks.end() && *found == lNumber)
-      box.setCurrentIndex(static_cast<int>(found - m_locks.begin()) + (hasNone(lCombo) ? 1 : 0));
-    else if (hasNone(lCombo) && lNumber == 0)
-      box.setCurrentIndex(0); // the value of "None" is 0
+    box.setListIndex(-1);
+    box.setListIndex(rows(lCombo).rowOf(lNumber));
   });
 }
 
 void frmDevice::PopulateLockBoxes() {
   reported("frmMain", "PopulateLockBoxes", [this] {
-    const std::vector<std::int32_t> found = RetrieveLocks();
-    m_locks.assign(found.begin() + 1, found.end());
-    QStringList rows;
-    rows.reserve(static_cast<qsizetype>(m_locks.size()) + 1);
-    for (const std::int32_t lock : m_locks)
-      rows << QString::number(lock);
-    std::vector<QSignalBlocker> quiet(m_cboLock.begin(), m_cboLock.end());
-    m_lockRows.setStringList(rows);
-    rows.prepend(QStringLiteral("None"));
-    m_noneAndLockRows.setStringList(rows);
+    std::vector<std::int32_t> locks = RetrieveLocks();
+    locks.erase(locks.begin());
+    m_lockRows.refill(locks);
+    m_noneAndLockRows.refill(locks);
     for (std::int32_t i = 0; i < lockBoxes; ++i) {
       m_cboLock[static_cast<std::size_t>(i)]->setCurrentIndex(hasNone(i) ? 0 : -1);
       if (hasNone(i))
         dropFrames(i);
     }
   });
+}
+
+void frmDevice::systemRemoved(std::int32_t lIndex) {
+  m_lockRows.closeGap(lIndex);
+  m_noneAndLockRows.closeGap(lIndex);
+}
+
+LockRows &frmDevice::rows(std::int32_t box) {
+  return hasNone(box) ? m_noneAndLockRows : m_lockRows;
 }
 
 void frmDevice::dropFrames(std::int32_t Index) {
@@ -290,59 +262,51 @@ void frmDevice::dropFrames(std::int32_t Index) {
 }
 
 void frmDevice::cboLock_Click(std::int32_t Index) {
-  const QComboBox &box = *m_cboLock[static_cast<std::size_t>(Index)];
-  if (box.currentIndex() < 0 || lSelectedItem == -1)
+  const int row = m_cboLock[static_cast<std::size_t>(Index)]->currentIndex();
+  if (row < 0 || lSelectedItem == -1)
     return;
-  const bool none = hasNone(Index) && box.currentIndex() == 0;
-  const std::int32_t lock =
-      none ? -1 : m_locks[static_cast<std::size_t>(box.currentIndex() - (hasNone(Index) ? 1 : 0))];
-  Selection &selection = *panelContext.selection;
-  reported(
-      "frmDevice", "cboLock_Click", [&] { dropFrames(Index); },
-      [&] {
-        if (!none)
-          selection.SelectItem(lock, LockColor, true);
-      },
-      [&] {
-        if (!none)
-          selection.surface().picSystem(lock).Tag = yellowTag(Index);
-      },
-      [&] { lockField(Index) = lock; });
+  const std::optional<std::int32_t> lock = rows(Index).lockAt(row);
+  reported("frmDevice", "cboLock_Click", [&] {
+    if (!lock)
+      throw RuntimeError(Fault::ControlArrayElement);
+    dropFrames(Index);
+    lockField(Index) = *lock;
+    if (*lock == -1)
+      return;
+    Selection &selection = *panelContext.selection;
+    selection.SelectItem(*lock, LockColor, true);
+    selection.surface().picSystem(*lock).Tag = yellowTag(Index);
+  });
+  if (!lock)
+    Choose(Index, lockField(Index)); // what is stored, and not the row of a lock that is gone
 }
 
 void frmDevice::chkLocked_Click() {
-  reported("frmDevice", "chkLocked_Click", [this] {
-    if (lSelectedItem != -1)
-      selectedSystem().lData1 = m_chkLocked->isChecked() ? 1 : 0;
-  });
+  reported("frmDevice", "chkLocked_Click",
+           [this] { selectedSystem().lData1 = m_chkLocked->isChecked() ? 1 : 0; });
 }
 
 void frmDevice::txtFreq_Change(std::size_t Index) {
   reported("frmDevice", "txtFreq_Change", [&] {
-    if (lSelectedItem == -1)
-      return;
     const std::int32_t value = roundToLong(Val(m_txtFreq[Index]->text()));
     (Index == 0 ? selectedSystem().lData1 : selectedSystem().lData2) = value;
   });
 }
 
 void frmDevice::txtPhone_Change() {
-  reported("frmDevice", "txtPhone_Change", [this] {
-    if (lSelectedItem != -1)
-      selectedSystem().sDataX = m_txtPhone->text();
-  });
+  reported("frmDevice", "txtPhone_Change",
+           [this] { selectedSystem().sDataX = m_txtPhone->text(); });
 }
 
 void frmDevice::txtData_Change() {
   reported("frmDevice", "txtData_Change", [this] {
-    if (lSelectedItem == -1)
-      return;
     const QString text = m_txtData->text();
-    const std::int32_t entry = FindData(lSelectedItem);
+    const std::int32_t device = selectedNumber();
+    const std::int32_t entry = FindData(device);
     if (!text.isEmpty() && entry != -1)
       DataItems[static_cast<std::size_t>(entry)].sText = text;
     else if (!text.isEmpty())
-      panelContext.operations->AddData(lSelectedItem, text);
+      panelContext.operations->AddData(device, text);
     else if (entry != -1)
       RemoveFromDataArray(entry);
   });

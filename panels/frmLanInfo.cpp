@@ -98,16 +98,18 @@ frmLanInfo::frmLanInfo() : FormWindow("frmLanInfo", "LAN Info", {4245, 1500}) {
 void frmLanInfo::Form_Load() {
   reported("frmLanInfo", "Form_Load", [this] {
     UpdateColors();
-    if (LoadingFile)
-      return; // the reader is about to fill the boxes itself
-    for (const HeaderField field :
-         {HeaderField::Company, HeaderField::Ip, HeaderField::Name, HeaderField::X, HeaderField::Y})
-      showField(field);
+    showHeader();
   });
 }
 
 void frmLanInfo::UpdateColors() {
   applyColours(*this);
+}
+
+void frmLanInfo::showHeader() {
+  for (const HeaderField field :
+       {HeaderField::Company, HeaderField::Ip, HeaderField::Name, HeaderField::X, HeaderField::Y})
+    showField(field);
 }
 
 void frmLanInfo::showField(HeaderField field) {

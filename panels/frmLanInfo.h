@@ -17,7 +17,9 @@ public:
   void Form_Load();
   void UpdateColors();
 
-  /// Shows a field that the reader has just stored.
+  /// Shows all fields of the header as they stand.
+  void showHeader();
+  /// Shows one field, which the reader has just stored.
   void showField(HeaderField field);
 
 private:

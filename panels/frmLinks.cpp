@@ -68,32 +68,26 @@ QFrame *addFrame(QWidget &parent, const char *name, Place at) {
 
 } // namespace
 
-frmLinks::frmLinks() : FormWindow("frmLinks", "Links", {6360, 2025}) {
-  m_picLinks = add<QWidget>(*this, QStringLiteral("picLinks"));
-  place(*m_picLinks, 0, 0, 6360, 2025);
+frmLinks::frmLinks() : DevicePanel("frmLinks", "Links", {6360, 2025}, "picLinks") {
   addList();
-  m_optSecur = new SecurityOptions(*m_picLinks, {5145, 300, 315, 270});
+  m_optSecur = new SecurityOptions(container(), {5145, 300, 315, 270});
   addPicker();
   addBoxes();
-  m_lblNoDevice =
-      addLabel(*this, QStringLiteral("lblNoDevice"), QStringLiteral("No Device Selected"),
-               {60, 60, 6240, 1905}, Qt::AlignHCenter);
   m_optSecur->Click = [this](std::int32_t Index) { optSecur_Click(Index); };
-  connect(&m_optPosition, &QButtonGroup::idClicked, this, &frmLinks::optPosition_Click);
-  showNoDevice();
+  m_optPosition.Click = [this](int Index) { optPosition_Click(Index); };
 }
 
 void frmLinks::addList() {
-  m_lblLinks = addLabel(*m_picLinks, QStringLiteral("lblLinks"), QStringLiteral("Links for #####:"),
+  m_lblLinks = addLabel(container(), QStringLiteral("lblLinks"), QStringLiteral("Links for #####:"),
                         {60, 45, 6000, 195});
-  m_lstLinks = add<NumberList>(*m_picLinks, QStringLiteral("lstLinks"));
+  m_lstLinks = add<NumberList>(container(), QStringLiteral("lstLinks"));
   place(*m_lstLinks, 60, 285, 3495, 1275);
   m_lstLinks->setAccessibleName(QStringLiteral("Links"));
   m_lstLinks->Click = [this] { lstLinks_Click(); };
   auto *cmdRemove =
-      addCaptioned<QPushButton>(*m_picLinks, "cmdRemove", "Remove link", {60, 1620, 1590, 345});
+      addCaptioned<QPushButton>(container(), "cmdRemove", "Remove link", {60, 1620, 1590, 345});
   connect(cmdRemove, &QPushButton::clicked, this, &frmLinks::cmdRemove_Click);
-  addLabel(*m_picLinks, QStringLiteral("lblInfo"), QStringLiteral("Security level:"),
+  addLabel(container(), QStringLiteral("lblInfo"), QStringLiteral("Security level:"),
            {3705, 345, 1200, 195});
 }
 
@@ -101,14 +95,14 @@ void frmLinks::addPicker() {
   constexpr int left = 3795;
   constexpr int top = 990;
   constexpr int size = 180;
-  addFrame(*m_picLinks, "shpFrame0", {3675, 780, 1140, 1185});
-  addFrame(*m_picLinks, "shpFrame1", {4800, 780, 1500, 1185});
-  QLabel *lblPosn = addLabel(*m_picLinks, QStringLiteral("lblPosn"),
+  addFrame(container(), "shpFrame0", {3675, 780, 1140, 1185});
+  addFrame(container(), "shpFrame1", {4800, 780, 1500, 1185});
+  QLabel *lblPosn = addLabel(container(), QStringLiteral("lblPosn"),
                              QStringLiteral(" Link position: "), {3780, 690, 1200, 195});
   lblPosn->setAutoFillBackground(true);
   lblPosn->setBackgroundRole(QPalette::Base);
   for (std::size_t i = 0; i < spots.size(); ++i) {
-    auto *option = add<PushOption>(*m_picLinks, QStringLiteral("optPosition%1").arg(i));
+    auto *option = add<PushOption>(container(), QStringLiteral("optPosition%1").arg(i));
     const auto [column, row] = spots[i];
     place(*option, left + column * size, top + row * size, size, size);
     option->setAccessibleName(QStringLiteral("Link position %1, %2")
@@ -116,7 +110,7 @@ void frmLinks::addPicker() {
     m_optPosition.addButton(option, static_cast<int>(i));
   }
   auto *optOther =
-      addCaptioned<QRadioButton>(*m_picLinks, "optPosition17", "Other:", {4890, 990, 1200, 195});
+      addCaptioned<QRadioButton>(container(), "optPosition17", "Other:", {4890, 990, 1200, 195});
   m_optPosition.addButton(optOther, other);
   m_optPosition.button(centre)->setChecked(true);
 }
@@ -124,9 +118,9 @@ void frmLinks::addPicker() {
 void frmLinks::addBoxes() {
   static constexpr int limit = 4;
   const auto box = [this](const char *label, const char *caption, const char *name, int top) {
-    QLabel *text = addLabel(*m_picLinks, QString::fromLatin1(label), QString::fromLatin1(caption),
+    QLabel *text = addLabel(container(), QString::fromLatin1(label), QString::fromLatin1(caption),
                             {4890, top + 30, 240, 195});
-    auto *result = add<TextBox>(*m_picLinks, QString::fromLatin1(name), limit);
+    auto *result = add<TextBox>(container(), QString::fromLatin1(name), limit);
     place(*result, 5190, top, 960, 270);
     describe(*result, *text);
     result->setContent(QStringLiteral("0.5"));
@@ -142,7 +136,7 @@ void frmLinks::Form_Load() {
       [this] {
         if (lSelectedItem == -1)
           return;
-        showDevice(true);
+        showDevice();
         fillList();
       },
       [this] { UpdateColors(); });
@@ -150,15 +144,6 @@ void frmLinks::Form_Load() {
 
 void frmLinks::UpdateColors() {
   applyColours(*this, {{"optSecur", ColourException::Kind::Security}});
-}
-
-void frmLinks::showDevice(bool device) {
-  m_picLinks->setVisible(device);
-  m_lblNoDevice->setVisible(!device);
-}
-
-void frmLinks::showNoDevice() {
-  showDevice(false);
 }
 
 void frmLinks::fillList() {
@@ -174,7 +159,7 @@ void frmLinks::fillList() {
 }
 
 void frmLinks::selectionFill() {
-  showDevice(true);
+  showDevice();
   fillList();
   if (m_lstLinks->rows().empty()) {
     m_optPosition.button(centre)->setChecked(true);
@@ -192,7 +177,7 @@ bool frmLinks::isFirstEnd(const LinkRec &link) const {
 
 LinkRec *frmLinks::currentLink() const {
   const int row = m_lstLinks->ListIndex();
-  if (row < 0 || lSelectedItem == -1)
+  if (row < 0)
     return nullptr;
   return &Links[static_cast<std::size_t>(m_lstLinks->rows()[static_cast<std::size_t>(row)].number)];
 }

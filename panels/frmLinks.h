@@ -2,8 +2,8 @@
 /// The link panel: the links of the selected device, each edited at its end there.
 #pragma once
 
-#include "forms/form.h"
 #include "forms/optiongroup.h"
+#include "panels/devicepanel.h"
 #include "panels/securityoptions.h"
 
 class QLabel;
@@ -14,7 +14,7 @@ class NumberList;
 class TextBox;
 struct LinkRec;
 
-class frmLinks : public FormWindow {
+class frmLinks : public DevicePanel {
 public:
   frmLinks();
   void Form_Load();
@@ -23,7 +23,6 @@ public:
   /// Fills the panel for the device that has just been selected; picks the first link if the panel
   /// is on screen.
   void selectionFill();
-  void showNoDevice();
 
   /// Shows a position, as fractions of the sprite's size, in the picker and the boxes.
   void PositionSelect(double lX, double lY);
@@ -33,7 +32,6 @@ private:
   void addPicker();
   void addBoxes();
 
-  void showDevice(bool device);
   void fillList();
   LinkRec *currentLink() const;
   bool isFirstEnd(const LinkRec &link) const;
@@ -44,8 +42,6 @@ private:
   void optSecur_Click(std::int32_t Index);
   void cmdRemove_Click();
 
-  QWidget *m_picLinks;
-  QLabel *m_lblNoDevice;
   QLabel *m_lblLinks = nullptr;
   NumberList *m_lstLinks = nullptr;
   OptionGroup m_optPosition;

@@ -46,32 +46,26 @@ std::int32_t moveRow(NumberList &from, NumberList &to) {
 
 } // namespace
 
-frmSubnet::frmSubnet() : FormWindow("frmSubnet", "Valid Subnets", {7485, 1845}) {
-  m_picSubnets = add<QWidget>(*this, QStringLiteral("picSubnets"));
-  place(*m_picSubnets, 0, 0, 7485, 1845);
-  m_lblSubnets = addLabel(*m_picSubnets, QStringLiteral("lblSubnets"),
+frmSubnet::frmSubnet() : DevicePanel("frmSubnet", "Valid Subnets", {7485, 1845}, "picSubnets") {
+  m_lblSubnets = addLabel(container(), QStringLiteral("lblSubnets"),
                           QStringLiteral("Valid subnets for #####:"), {60, 45, 7200, 195});
-  m_lstSubnets = add<NumberList>(*m_picSubnets, QStringLiteral("lstSubnets"));
+  m_lstSubnets = add<NumberList>(container(), QStringLiteral("lstSubnets"));
   m_lstSubnets->setAccessibleName(QStringLiteral("Valid subnets"));
   m_picAdd =
       addButton("picAdd", "ADDSUB", "Add a subnet", 270, images().add, &frmSubnet::picAdd_Click);
   m_picRemove = addButton("picRemove", "DELSUB", "Remove a subnet", 480, images().remove,
                           &frmSubnet::picRemove_Click);
-  m_lstSystems = add<NumberList>(*m_picSubnets, QStringLiteral("lstSystems"));
+  m_lstSystems = add<NumberList>(container(), QStringLiteral("lstSystems"));
   m_lstSystems->setAccessibleName(QStringLiteral("Other systems"));
   place(*m_lstSubnets, 60, 270, 3510, 1320);
   place(*m_lstSystems, 3885, 270, 3510, 1320);
-  m_lblNoDevice =
-      addLabel(*this, QStringLiteral("lblNoDevice"), QStringLiteral("No Device Selected"),
-               {60, 60, 7365, 1725}, Qt::AlignHCenter);
   m_lstSubnets->Click = [this] { lstSubnets_Click(); };
-  showNoDevice();
 }
 
 PictureButton *frmSubnet::addButton(const char *name, const char *tag, const char *toolTip, int top,
                                     ButtonImageSet &set, void (frmSubnet::*click)()) {
   auto *button =
-      add<PictureButton>(*m_picSubnets, QString::fromLatin1(name), QString::fromLatin1(tag));
+      add<PictureButton>(container(), QString::fromLatin1(name), QString::fromLatin1(tag));
   button->setToolTip(QString::fromLatin1(toolTip));
   button->setAccessibleName(button->toolTip());
   place(*button, 3630, top, 195, 195);
@@ -97,17 +91,8 @@ void frmSubnet::loadImages(const QString &tag, const QString &files) {
     LoadButtonImages(images().remove, *m_picRemove, files);
 }
 
-void frmSubnet::showDevice(bool device) {
-  m_picSubnets->setVisible(device);
-  m_lblNoDevice->setVisible(!device);
-}
-
-void frmSubnet::showNoDevice() {
-  showDevice(false);
-}
-
 void frmSubnet::selectionFill(std::int32_t lIndex) {
-  showDevice(true);
+  showDevice();
   m_lblSubnets->setText(QStringLiteral("Valid subnets for ") + deviceName(lIndex) + u':');
   const std::vector<bool> listed = listedFor(lIndex);
   std::vector<NumberRow> subnets;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "appearance/images.h"
-#include "forms/form.h"
+#include "panels/devicepanel.h"
 
 class QLabel;
 
@@ -11,7 +11,7 @@ namespace vnb {
 
 class NumberList;
 
-class frmSubnet : public FormWindow {
+class frmSubnet : public DevicePanel {
 public:
   frmSubnet();
   void Form_Load();
@@ -20,7 +20,6 @@ public:
   /// Fills the panel for device `lIndex`, which has just been selected, and frames the systems on
   /// its list.
   void selectionFill(std::int32_t lIndex);
-  void showNoDevice();
 
   /// Gives the button of this Tag its pictures, if it is one of this form's.
   void loadImages(const QString &tag, const QString &files);
@@ -28,13 +27,10 @@ public:
 private:
   PictureButton *addButton(const char *name, const char *tag, const char *toolTip, int top,
                            ButtonImageSet &images, void (frmSubnet::*click)());
-  void showDevice(bool device);
   void lstSubnets_Click();
   void picAdd_Click();
   void picRemove_Click();
 
-  QWidget *m_picSubnets;
-  QLabel *m_lblNoDevice;
   QLabel *m_lblSubnets;
   NumberList *m_lstSubnets;
   NumberList *m_lstSystems;

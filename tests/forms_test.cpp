@@ -8,6 +8,8 @@
 #include "forms/numberlist.h"
 #include "forms/optiongroup.h"
 #include "forms/pushoption.h"
+#include "forms/textbox.h"
+#include "formtest.h"
 #include "look.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
@@ -81,7 +83,7 @@ TEST_F(Controls, AnArrowPicksTheRowThatItStartsFrom) {
   EXPECT_EQ(list->ListIndex(), -1);
 }
 
-TEST_F(Controls, NoClickTakesAPickAway) {
+TEST_F(Controls, NoClickTakesAPickAwayAndAPickOfTheSameRowCounts) {
   clickRow(-1);
   EXPECT_EQ(list->ListIndex(), -1);
   clickRow(1);
@@ -89,7 +91,14 @@ TEST_F(Controls, NoClickTakesAPickAway) {
   clickRow(1, Qt::ControlModifier);
   clickRow(2, Qt::ShiftModifier);
   clickRow(0, Qt::ControlModifier);
-  EXPECT_THAT(picked, ElementsAre(1, 2, 0));
+  EXPECT_THAT(picked, ElementsAre(1, 1, 2, 0));
+  QTest::keyClick(list, Qt::Key_Space);
+  EXPECT_THAT(picked, ElementsAre(1, 1, 2, 0, 0));
+  drop->Click = [this] { picked.push_back(10 + drop->currentIndex()); };
+  drop->setListIndex(0);
+  drop->setListIndex(2);
+  pick(*drop, 2);
+  EXPECT_THAT(picked, ElementsAre(1, 1, 2, 0, 0, 12, 12));
 }
 
 TEST_F(Controls, TheWheelTurnsADropDownOnlyWithTheFocus) {
@@ -116,7 +125,10 @@ TEST_F(Controls, TabGoesToTheOptionThatIsOn) {
     return std::ranges::find(options, form.focusWidget()) - options.begin();
   };
   EXPECT_EQ(fromTheCheckBox(), 0);
-  options[2]->setChecked(true);
+  group.Click = [this](int id) { picked.push_back(id); };
+  options[2]->toggle(); // as assistive technology does
+  options[2]->click();
+  EXPECT_THAT(picked, ElementsAre(group.id(options[2]), group.id(options[2])));
   EXPECT_EQ(fromTheCheckBox(), 2);
   QTest::keyClick(options[2], Qt::Key_Backtab);
   EXPECT_TRUE(check->hasFocus());
@@ -138,8 +150,23 @@ TEST_F(Controls, EnterPressesAButtonAndTurnsNoMark) {
   check->setFocus();
   QTest::keyClick(check, Qt::Key_Return);
   EXPECT_FALSE(check->isChecked());
-  QTest::keyClick(check, Qt::Key_Escape);
+  button->setFocus();
+  QTest::keyClick(button, Qt::Key_Escape);
   EXPECT_FALSE(form.isVisible());
+  QTest::keyClick(button, Qt::Key_Return);
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_EQ(presses, 2) << "what was queued when it closed";
+}
+
+TEST_F(Controls, TakeNoLetterWithAltForText) {
+  auto *box = add<TextBox>(form, QStringLiteral("box"));
+  for (QWidget *control : {static_cast<QWidget *>(box), static_cast<QWidget *>(drop)})
+    for (const auto modifier : {Qt::AltModifier, Qt::MetaModifier})
+      QTest::keyClick(control, Qt::Key_C, modifier);
+  EXPECT_EQ(box->text() + drop->currentText(), u"a");
+  for (QWidget *control : {static_cast<QWidget *>(box), static_cast<QWidget *>(drop)})
+    QTest::keyClick(control, Qt::Key_C, Qt::GroupSwitchModifier); // AltGr
+  EXPECT_EQ(box->text() + drop->currentText(), u"cc");
 }
 
 TEST_F(Controls, AnOpenedListHasTheThemesColours) {

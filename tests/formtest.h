@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-/// Verbs for the controls of one form.
+/// Verbs for the controls of forms.
 #pragma once
 
 #include "forms/form.h"
+#include "forms/numberlist.h"
 
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QImage>
 #include <QLabel>
 #include <QTest>
@@ -14,6 +16,17 @@
 #include <string>
 
 namespace vnb::test {
+
+/// Picks a row as the user does, be it the one that shows.
+inline void pick(QComboBox &box, int row) {
+  box.setCurrentIndex(row);
+  Q_EMIT box.activated(row);
+}
+inline void pick(NumberList &list, int row) {
+  list.scrollTo(list.model()->index(row, 0));
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                    list.visualRect(list.model()->index(row, 0)).center());
+}
 
 template <class T>
 class FormTest : public testing::Test {

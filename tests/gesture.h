@@ -6,6 +6,7 @@
 #include "editor/frmMain.h"
 #include "editor/frmToolbox.h"
 #include "forms/dialogs.h"
+#include "formtest.h"
 #include "look.h"
 #include "shell/cdlgex.h"
 #include "support.h"
@@ -155,7 +156,7 @@ public:
     main.picAdd_Click();
     auto &form = Form<frmToolbox>::instance();
     form.move(main.width() + 10, 0);
-    form.findChild<QComboBox *>()->setCurrentIndex(item);
+    test::pick(*form.findChild<QComboBox *>(), item);
     QCoreApplication::processEvents();
     return form;
   }

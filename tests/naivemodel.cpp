@@ -146,16 +146,11 @@ void NaiveModel::frame(std::int32_t device, Colour colour, std::int32_t number) 
                               .number = number};
 }
 
-bool NaiveModel::highlight(std::int32_t device, Colour colour) {
+void NaiveModel::highlight(std::int32_t device, Colour colour) {
   for (std::size_t i = 0; i < layers.size(); ++i)
     if (i != position(device) && i != position(selected) && tags[i] == SpriteTag::None)
       layers[i] = {};
-  if (position(device) >= document.systems.size()) {
-    boxes.emplace_back("340 frmMain.SelectItem");
-    return false;
-  }
   frame(device, colour, -1);
-  return true;
 }
 
 void NaiveModel::wipeAll() {
@@ -186,14 +181,16 @@ void NaiveModel::deselect() {
 }
 
 void NaiveModel::showNoDevice() {
-  if (devicePanel) {
+  if (devicePanel)
     devicePanel->device = false;
-    devicePanel->group = -1;
-  }
-  if (linkPanel)
+  if (linkPanel) {
     linkPanel->device = false;
-  if (subnetPanel)
+    linkPanel->links = {};
+  }
+  if (subnetPanel) {
     subnetPanel->device = false;
+    subnetPanel->subnets = subnetPanel->systems = {};
+  }
 }
 
 // Gestures.
@@ -292,6 +289,7 @@ void NaiveModel::removeDevice() {
       std::int32_t &lock = field(record, i);
       lock = lock == gone ? -1 : lock > gone ? lock - 1 : lock;
     }
+  closeUpLockBoxes(gone);
   // Frames stay with their number.
   layers.pop_back();
   tags.pop_back();
@@ -313,6 +311,8 @@ void NaiveModel::clear() {
   lines.assign(1, {.BorderColor = LinkColor});
   endLink();
   showNoDevice();
+  if (devicePanel)
+    refillLockBoxes();
 }
 
 void NaiveModel::open(const NaiveDocument &file) {

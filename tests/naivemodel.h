@@ -93,8 +93,7 @@ public:
   void typeFrequency(std::size_t box, const std::string &text, std::int32_t value);
   void pickDeviceLevel(int level);
   void tickLocked(bool locked);
-  /// The box acts when it comes to another row.
-  void putBox(std::size_t box, int row);
+  void pickLock(std::size_t box, int row);
   void pickLink(int row);
   /// `inBoxes` is what the boxes say, nothing if one of them is no number.
   void pickPosition(std::size_t spot, std::optional<std::pair<double, double>> inBoxes);
@@ -113,8 +112,7 @@ public:
 private:
   void select(std::int32_t device, Colour colour);
   void showNoDevice();
-  /// False, and an error noted, for a device that isn't there.
-  bool highlight(std::int32_t device, Colour colour);
+  void highlight(std::int32_t device, Colour colour);
   void frame(std::int32_t device, Colour colour, std::int32_t number);
   void wipeAll();
   void endLink();
@@ -130,6 +128,9 @@ private:
   void fillCommon();
   void fillGroup();
   void refillLockBoxes();
+  void closeUpLockBoxes(std::int32_t gone);
+  /// The box acts when it comes to another row.
+  void putBox(std::size_t box, int row);
   void choose(std::size_t box, std::int32_t number);
   void dropFrames(std::size_t box);
   void fillLinkPanel();

@@ -81,12 +81,11 @@ void NaiveModel::createDevicePanel() {
   if (devicePanel)
     return;
   devicePanel.emplace();
+  refillLockBoxes();
   if (selected == -1)
     return;
   devicePanel->device = true;
   fillCommon();
-  if (namedLocks(document.systems[position(selected)].lType) > 0)
-    refillLockBoxes();
   fillGroup();
 }
 
@@ -128,16 +127,28 @@ void NaiveModel::refillLockBoxes() {
   createDevicePanel();
   for (std::size_t i = 0; i < devicePanel->boxes.size(); ++i) {
     NaiveLockBox &box = devicePanel->boxes[i];
-    box.rows.clear();
-    if (box.none)
-      box.rows.emplace_back("None");
+    box.rows.assign(box.none ? 1 : 0, "None");
+    box.locks.assign(box.none ? 1 : 0, -1);
     for (std::int32_t device = 0; device <= UBound(document.systems); ++device)
-      if (document.systems[position(device)].lType == 9)
+      if (document.systems[position(device)].lType == 9) {
         box.rows.push_back(std::to_string(device));
+        box.locks.push_back(device);
+      }
     box.row = box.none ? 0 : -1;
     if (box.none)
       dropFrames(i);
   }
+}
+
+void NaiveModel::closeUpLockBoxes(std::int32_t gone) {
+  if (!devicePanel)
+    return;
+  for (NaiveLockBox &box : devicePanel->boxes)
+    for (std::size_t row = 0; row < box.rows.size(); ++row)
+      if (box.locks[row] == gone)
+        box.locks[row] = -2;
+      else if (box.locks[row] > gone)
+        box.rows[row] = std::to_string(--box.locks[row]);
 }
 
 void NaiveModel::dropFrames(std::size_t box) {
@@ -150,32 +161,37 @@ void NaiveModel::dropFrames(std::size_t box) {
 
 void NaiveModel::choose(std::size_t box, std::int32_t number) {
   const NaiveLockBox &lockBox = devicePanel->boxes[box];
-  if (lockBox.rows.empty())
-    return;
   if (number == -1)
     return putBox(box, lockBox.none ? 0 : -1);
   putBox(box, -1);
-  for (std::size_t row = 0; row < lockBox.rows.size(); ++row)
-    if (std::atoi(lockBox.rows[row].c_str()) == number) // 0 for "None"
-      putBox(box, static_cast<int>(row));
+  for (int row = static_cast<int>(lockBox.rows.size()) - 1; row >= 0; --row) {
+    const std::int32_t lock = lockBox.locks[position(row)];
+    if (lock == number || (lock == -1 && number == 0)) // the value of "None" is 0
+      return putBox(box, row);
+  }
 }
 
 void NaiveModel::putBox(std::size_t box, int row) {
+  if (devicePanel->boxes[box].row != row && row >= 0)
+    return pickLock(box, row);
+  devicePanel->boxes[box].row = row;
+}
+
+void NaiveModel::pickLock(std::size_t box, int row) {
   NaiveLockBox &lockBox = devicePanel->boxes[box];
-  if (std::exchange(lockBox.row, row) == row || row < 0 || selected == -1)
-    return;
-  const std::string entry = lockBox.rows[position(row)];
-  std::int32_t lock = -1;
-  dropFrames(box);
-  if (entry != "None") {
-    lock = std::stoi(entry);
-    if (!highlight(lock, LockColor)) {
-      boxes.emplace_back("340 frmDevice.cboLock_Click");
-      return;
-    }
-    tags[position(lock)] = yellowTag(static_cast<std::int32_t>(box));
+  lockBox.row = row;
+  const std::int32_t lock = lockBox.locks[position(row)];
+  std::int32_t &stored = field(document.systems[position(selected)], lockBox.field);
+  if (lock == -2) {
+    boxes.emplace_back("340 frmDevice.cboLock_Click");
+    return choose(box, stored);
   }
-  field(document.systems[position(selected)], lockBox.field) = lock;
+  stored = lock;
+  dropFrames(box);
+  if (lock == -1)
+    return;
+  highlight(lock, LockColor);
+  tags[position(lock)] = yellowTag(static_cast<std::int32_t>(box));
 }
 
 void NaiveModel::typeData(const std::string &text) {
@@ -253,8 +269,7 @@ std::int32_t NaiveModel::pickedLink() const {
 }
 
 void NaiveModel::pickLink(int row) {
-  if (std::exchange(linkPanel->links.row, row) == row)
-    return;
+  linkPanel->links.row = row;
   const LinkRec &link = document.links[position(pickedLink())];
   plainLines();
   lines[position(pickedLink())].BorderColor = LinkSelColor;
@@ -337,8 +352,7 @@ std::vector<SubnetRec>::iterator NaiveModel::subnetOfSelected(std::int32_t syste
 }
 
 void NaiveModel::pickSubnet(int row) {
-  if (std::exchange(subnetPanel->subnets.row, row) == row)
-    return;
+  subnetPanel->subnets.row = row;
   for (std::size_t i = 0; i < tags.size(); ++i)
     if (tags[i] == SpriteTag::Green) {
       tags[i] = SpriteTag::GreenDk;

@@ -30,6 +30,7 @@ struct NaiveLockBox {
   std::size_t field;
   int row = -1;
   std::vector<std::string> rows{};
+  std::vector<std::int32_t> locks{}; // what each row stands for: -1 for "None", -2 for a lock gone
 };
 
 struct NaiveDevicePanel {

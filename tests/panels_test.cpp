@@ -14,6 +14,7 @@
 #include <random>
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 namespace vnb::test {
 namespace {
@@ -114,7 +115,7 @@ TEST_F(Panels, LocksOfTheSelectedServerAreFramed) {
            {"cboLock1", 2, both},
            {"cboLock0", 1, second}, // of both boxes: the later one frames
            {"cboLock2", 1, both}}) {
-    dynamic_cast<QComboBox &>(control<frmDevice>(name)).setCurrentIndex(row);
+    test::pick(dynamic_cast<QComboBox &>(control<frmDevice>(name)), row);
     EXPECT_EQ(frames(), due) << name;
   }
   add(9, 0, 0);
@@ -122,6 +123,64 @@ TEST_F(Panels, LocksOfTheSelectedServerAreFramed) {
   EXPECT_EQ(dumpSystems().substr(dumpSystems().find("MAIN")),
             "MAINSERVER 100 250 1 5 5 3;LOCK 400 300 1 -1 -1 -1;LOCK 0 0 1 -1 -1 -1")
       << "but keep their records";
+}
+
+TEST_F(Panels, RowsOfLockBoxesFollowTheirDevices) {
+  add(9, 400, 300);
+  Systems[server].lData2 = 5;
+  pick(server);
+  auto &cboLock1 = dynamic_cast<QComboBox &>(control<frmDevice>("cboLock1"));
+  const auto state = [&](std::int32_t device) {
+    std::string text = cboLock1.currentText().toStdString() + " of";
+    for (int i = 0; i < cboLock1.count(); ++i)
+      text += ' ' + cboLock1.itemText(i).toStdString();
+    return text + ", stored " + std::to_string(Systems[static_cast<std::size_t>(device)].lData2);
+  };
+  main.operations().RemoveSystem(terminal);
+  EXPECT_EQ(state(3), "4 of None 2 4, stored 4");
+  main.operations().RemoveSystem(2);
+  pick(2);
+  EXPECT_EQ(state(2), "3 of None 2 3, stored 3");
+  test::pick(cboLock1, 1);
+  EXPECT_THAT(boxes.texts, ElementsAre("340 frmDevice.cboLock_Click"));
+  EXPECT_EQ(state(2), "3 of None 2 3, stored 3") << "the row of a lock that is gone";
+  add(9, 0, 0);
+  EXPECT_EQ(state(2), "None of None 3 4, stored 3");
+  test::pick(cboLock1, 0);
+  EXPECT_EQ(state(2), "None of None 3 4, stored -1");
+}
+
+/// What had the focus in a panel can't act once there is no device, nor on the next document.
+TEST_F(Panels, WithoutADeviceNothingActs) {
+  main.operations().AddSubnet(hub, terminal);
+  link(hub, terminal);
+  Systems[hub].lType = 11;
+  const auto keysInAll = [] {
+    for (QWidget *panel : {static_cast<QWidget *>(&Form<frmDevice>::instance()),
+                           static_cast<QWidget *>(&Form<frmLinks>::instance()),
+                           static_cast<QWidget *>(&Form<frmSubnet>::instance())})
+      for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_7})
+        QTest::keyClick(panel->focusWidget() != nullptr ? panel->focusWidget() : panel, key);
+  };
+  main.picDevice_Click();
+  main.picLink_Click();
+  main.picSubnet_Click();
+  for (const bool anew : {false, true}) {
+    pick(hub);
+    control<frmDevice>("txtPhone").setFocus();
+    control<frmLinks>("cmdRemove").setFocus();
+    test::pick(dynamic_cast<NumberList &>(control<frmSubnet>("lstSystems")), 0);
+    control<frmSubnet>("picAdd").setFocus();
+    if (anew)
+      main.picNew_Click();
+    else
+      main.selection().Deselect();
+    const std::string before = dump();
+    keysInAll();
+    EXPECT_EQ(dump(), before);
+    EXPECT_THAT(boxes.texts, IsEmpty());
+    EXPECT_EQ(numbers("lstSubnets") + numbers("lstSystems"), "");
+  }
 }
 
 TEST_F(Panels, TheLinkPanelTellsAndAsksAndIsFilledWhenMadeAnew) {

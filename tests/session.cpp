@@ -185,7 +185,7 @@ std::string Session::clickSurface(Dice /*dice*/) {
 std::string Session::addDevice(Dice dice) {
   if (model.document.systems.size() >= mostDevices)
     return {};
-  cboItem.setCurrentIndex(dice.below(cboItem.count()));
+  pick(cboItem, dice.below(cboItem.count()));
   const std::int32_t lType = cboItem.currentIndex() + 2;
   const bool drag = dice.below(13) < 8;
   std::optional<QPoint> corner = QPoint();

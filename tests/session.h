@@ -5,6 +5,7 @@
 #include "editor/contextmenu.h"
 #include "editor/frmMain.h"
 #include "editor/frmToolbox.h"
+#include "formtest.h"
 #include "look.h"
 #include "naivemodel.h"
 #include "support.h"

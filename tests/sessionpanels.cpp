@@ -60,6 +60,13 @@ void type(const QWidget &panel, const QString &name, const char *text) {
     box.insert(QString::fromUtf8(text)); // as a key or the clipboard does
 }
 
+/// Keys come to nothing in a panel without a device, whatever had the focus there.
+std::string typeBlindly(QWidget &panel) {
+  for (const Qt::Key key : {Qt::Key_Space, Qt::Key_7, Qt::Key_Return, Qt::Key_Down})
+    QTest::keyClick(panel.focusWidget() != nullptr ? panel.focusWidget() : &panel, key);
+  return "keys for no device";
+}
+
 void press(const QWidget &panel, const QString &name) {
   control<QAbstractButton>(panel, name).click();
 }
@@ -107,8 +114,10 @@ std::string Session::togglePanel(Dice dice) {
 }
 
 std::string Session::editDevice(Dice dice) {
-  if (!model.devicePanel || !model.devicePanel->shown || !model.devicePanel->device)
+  if (!model.devicePanel || !model.devicePanel->shown)
     return {};
+  if (!model.devicePanel->device)
+    return typeBlindly(form<frmDevice>());
   const int what = dice.below(4);
   if (what == 0) {
     const char *const word = words[position(dice.below(words.size()))];
@@ -163,14 +172,16 @@ std::string Session::chooseLock(Dice &dice, int box) {
   if (cboLock.count() == 0)
     return {};
   const int row = dice.below(cboLock.count());
-  cboLock.setCurrentIndex(row);
-  model.putBox(position(box), row);
+  pick(cboLock, row);
+  model.pickLock(position(box), row);
   return text("choose row ", row, " in lock box ", box);
 }
 
 std::string Session::editLink(Dice dice) {
-  if (!model.linkPanel || !model.linkPanel->shown || !model.linkPanel->device)
+  if (!model.linkPanel || !model.linkPanel->shown)
     return {};
+  if (!model.linkPanel->device)
+    return typeBlindly(form<frmLinks>());
   const frmLinks &panel = form<frmLinks>();
   NaiveLinkPanel &due = *model.linkPanel;
   switch (dice.below(6)) {
@@ -178,7 +189,7 @@ std::string Session::editLink(Dice dice) {
     if (due.links.rows.empty())
       return {};
     const int row = dice.below(due.links.rows.size());
-    control<NumberList>(panel, QStringLiteral("lstLinks")).setListIndex(row);
+    pick(control<NumberList>(panel, QStringLiteral("lstLinks")), row);
     model.pickLink(row);
     return text("pick link row ", row);
   }
@@ -218,23 +229,25 @@ std::string Session::editLink(Dice dice) {
 }
 
 std::string Session::editSubnets(Dice dice) {
-  if (!model.subnetPanel || !model.subnetPanel->shown || !model.subnetPanel->device)
+  if (!model.subnetPanel || !model.subnetPanel->shown)
     return {};
+  if (!model.subnetPanel->device)
+    return typeBlindly(form<frmSubnet>());
   const frmSubnet &panel = form<frmSubnet>();
   NaiveSubnetPanel &due = *model.subnetPanel;
-  const auto pick = [&](const char *name, NaiveList &list, auto act) -> std::string {
+  const auto pickIn = [&](const char *name, NaiveList &list, auto act) -> std::string {
     if (list.rows.empty())
       return {};
     const int row = dice.below(list.rows.size());
-    control<NumberList>(panel, QString::fromLatin1(name)).setListIndex(row);
+    pick(control<NumberList>(panel, QString::fromLatin1(name)), row);
     act(row);
     return text("pick row ", row, " of ", name);
   };
   switch (dice.below(4)) {
   case 0:
-    return pick("lstSubnets", due.subnets, [&](int row) { model.pickSubnet(row); });
+    return pickIn("lstSubnets", due.subnets, [&](int row) { model.pickSubnet(row); });
   case 1:
-    return pick("lstSystems", due.systems, [&](int row) { due.systems.row = row; });
+    return pickIn("lstSystems", due.systems, [&](int row) { due.systems.row = row; });
   case 2:
     if (model.document.subnets.size() >= mostOthers)
       return {};

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "panels/devicepanel.h"
+
+#include "forms/controls.h"
+#include "forms/numberlist.h"
+
+namespace vnb {
+namespace {
+
+constexpr int margin = 60; // twips
+
+} // namespace
+
+DevicePanel::DevicePanel(const char *name, const char *caption, QSize client, const char *container)
+    : FormWindow(name, caption, client),
+      m_container(add<QWidget>(*this, QString::fromLatin1(container))),
+      m_lblNoDevice(
+          addLabel(*this, QStringLiteral("lblNoDevice"), QStringLiteral("No Device Selected"),
+                   {margin, margin, client.width() - 2 * margin, client.height() - 2 * margin},
+                   Qt::AlignHCenter)) {
+  m_container->resize(size());
+  setDevice(false);
+}
+
+void DevicePanel::showDevice() {
+  setDevice(true);
+}
+
+void DevicePanel::showNoDevice() {
+  setDevice(false);
+  for (NumberList *list : m_container->findChildren<NumberList *>())
+    list->setRows({});
+}
+
+/// What is disabled takes no keys: hidden alone, it would keep the focus where no other control
+/// can have it.
+void DevicePanel::setDevice(bool device) {
+  m_container->setEnabled(device);
+  m_container->setVisible(device);
+  m_lblNoDevice->setVisible(!device);
+}
+
+} // namespace vnb

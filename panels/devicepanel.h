@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+/// What the three panels of the selected device share: it, or the words that there is none.
+#pragma once
+
+#include "forms/form.h"
+
+namespace vnb {
+
+/// A form that speaks of the selected device. All its controls but `lblNoDevice` lie in one
+/// container, so that none can be forgotten where no device is selected.
+class DevicePanel : public FormWindow {
+public:
+  /// No device is selected: the controls go, with the focus and with the rows of their lists, and
+  /// nothing in them acts. So it is with a new panel.
+  void showNoDevice();
+
+protected:
+  /// `client` is the size in twips, `container` the name of what holds the controls.
+  DevicePanel(const char *name, const char *caption, QSize client, const char *container);
+
+  QWidget &container() { return *m_container; }
+  void showDevice();
+
+private:
+  void setDevice(bool device);
+
+  QWidget *m_container;
+  QWidget *m_lblNoDevice;
+};
+
+} // namespace vnb
