@@ -28,8 +28,10 @@ void DevicePanel::showDevice() {
 
 void DevicePanel::showNoDevice() {
   setDevice(false);
-  for (NumberList *list : m_container->findChildren<NumberList *>())
-    list->setRows({});
+  // asked of the language, as Qt tells only its own classes apart: a drop-down box has a list too
+  for (QListView *view : m_container->findChildren<QListView *>())
+    if (auto *list = dynamic_cast<NumberList *>(view))
+      list->setRows({});
 }
 
 /// What is disabled takes no keys: hidden alone, it would keep the focus where no other control
