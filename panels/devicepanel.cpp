@@ -19,7 +19,6 @@ DevicePanel::DevicePanel(const char *name, const char *caption, QSize client, co
                    {margin, margin, client.width() - 2 * margin, client.height() - 2 * margin},
                    Qt::AlignHCenter)) {
   m_container->resize(size());
-  setDevice(false);
 }
 
 void DevicePanel::showDevice() {

@@ -11,7 +11,8 @@ namespace vnb {
 class DevicePanel : public FormWindow {
 public:
   /// No device is selected: the controls go, with the focus and with the rows of their lists, and
-  /// nothing in them acts. So it is with a new panel.
+  /// nothing in them acts. A panel's constructor ends with it, not before: assistive technology
+  /// would take a control that is made in a disabled container for a plain area.
   void showNoDevice();
 
 protected:

@@ -63,6 +63,7 @@ frmDevice::frmDevice()
     : DevicePanel("frmDevice", "Device Properties", {4680, 1590}, "picProperties") {
   addCommon();
   addGroups();
+  showNoDevice();
 }
 
 void frmDevice::addCommon() {

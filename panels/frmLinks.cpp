@@ -75,6 +75,7 @@ frmLinks::frmLinks() : DevicePanel("frmLinks", "Links", {6360, 2025}, "picLinks"
   addBoxes();
   m_optSecur->Click = [this](std::int32_t Index) { optSecur_Click(Index); };
   m_optPosition.Click = [this](int Index) { optPosition_Click(Index); };
+  showNoDevice();
 }
 
 void frmLinks::addList() {

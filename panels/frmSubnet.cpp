@@ -60,6 +60,7 @@ frmSubnet::frmSubnet() : DevicePanel("frmSubnet", "Valid Subnets", {7485, 1845},
   place(*m_lstSubnets, 60, 270, 3510, 1320);
   place(*m_lstSystems, 3885, 270, 3510, 1320);
   m_lstSubnets->Click = [this] { lstSubnets_Click(); };
+  showNoDevice();
 }
 
 PictureButton *frmSubnet::addButton(const char *name, const char *tag, const char *toolTip, int top,
