@@ -12,10 +12,22 @@ namespace vnb {
 
 namespace {
 
+DeviceLook lookOf(const QPixmap &picture) {
+  return {.picture = picture, .size = picture.deviceIndependentSize().toSize()};
+}
+
 /// Made at first use: there is no picture before the application object.
-QPixmap &image(std::int32_t lType) {
-  static std::array<QPixmap, SystemType::Last + 1> images;
-  return images[static_cast<std::size_t>(lType)];
+std::array<DeviceLook, SystemType::Last + 1> &looks() {
+  static std::array<DeviceLook, SystemType::Last + 1> all = [] {
+    std::array<DeviceLook, SystemType::Last + 1> start;
+    start[SystemType::Router] = lookOf(LoadResPicture(ResIDFromType(SystemType::Router)));
+    return start;
+  }();
+  return all;
+}
+
+bool isInTable(std::int32_t lType) {
+  return lType >= 0 && lType <= SystemType::Last;
 }
 
 QStringList fields(const QString &files, qsizetype due, const char *description) {
@@ -47,9 +59,13 @@ QPixmap onBlack(const QPixmap &picture) {
 } // namespace
 
 const QPixmap &DeviceImages(std::int32_t lType) {
-  if (lType < 0 || lType > SystemType::Last)
+  if (!isInTable(lType))
     throw RuntimeError(Fault::SubscriptOutOfRange);
-  return image(lType);
+  return deviceLook(lType).picture;
+}
+
+const DeviceLook &deviceLook(std::int32_t lType) {
+  return looks()[static_cast<std::size_t>(isInTable(lType) ? lType : SystemType::Unknown)];
 }
 
 void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files) {
@@ -64,7 +80,8 @@ void LoadDeviceImages(const QString &files) {
   const QStringList paths =
       fields(files, SystemType::Last, "Incorrect paramaters to LoadDeviceImages!");
   for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType)
-    image(lType) = onBlack(pictureOr(paths[lType - 1], ResIDFromType(lType)));
+    looks()[static_cast<std::size_t>(lType)] =
+        lookOf(onBlack(pictureOr(paths[lType - 1], ResIDFromType(lType))));
 }
 
 void DoImage(PictureButton &button, const ButtonImageSet &set, bool up) {

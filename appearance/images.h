@@ -17,9 +17,18 @@ struct ButtonImageSet {
   QPixmap Down; // while pressed
 };
 
-/// Picture of a device type, opaque; that of type 0 is empty for good, the others until the first
-/// load. Raises 9 for a code above 16 or below 0.
+/// Picture of a device type, opaque; that of type 0 is empty for good, and so are all but the
+/// router's, which is built in, until the first load. Raises 9 for a code above 16 or below 0.
 const QPixmap &DeviceImages(std::int32_t lType);
+
+/// How a device is shown.
+struct DeviceLook {
+  QPixmap picture;
+  QSize size{48, 32}; // pixels: of the picture, or of the blank area where there is none
+};
+
+/// The look of a device type; a code outside the table looks as type 0.
+const DeviceLook &deviceLook(std::int32_t lType);
 
 /// Fills `set` from `files`, the paths of Off, Over and Down with "|" between them, and shows Off
 /// on `button`; the built-in bitmaps named by the button's Tag stand in for empty paths. Raises

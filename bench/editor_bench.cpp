@@ -91,7 +91,7 @@ Bench &bench() {
 
 void openPainted(benchmark::State &state) {
   const QString file = bench().file(state.range(0));
-  DiagramReaderView view(bench().main().operations());
+  ReaderView view;
   for (auto _ : state) {
     OpenLANFile(file, bench().main().operations(), view);
     Bench::settle();
@@ -142,8 +142,8 @@ void dragAndDrop(benchmark::State &state) {
   int there = 0;
   for (auto _ : state) {
     there = there == 100 ? 300 : 100;
-    const Sprite &sprite = bench().surface().picSystem(device);
-    bench().point(QEvent::MouseButtonPress, {sprite.Left, sprite.Top}, Qt::LeftButton);
+    bench().point(QEvent::MouseButtonPress, bench().surface().spriteRect(device).topLeft(),
+                  Qt::LeftButton);
     for (int step = 1; step <= 3; ++step)
       bench().point(QEvent::MouseMove, {there - 3 + step, 200}, Qt::LeftButton);
     bench().point(QEvent::MouseButtonRelease, {there, 200}, Qt::LeftButton);

@@ -87,7 +87,7 @@ public:
   }
 
 protected:
-  QRect place() const override { return surface().picSystem(number()).within(surface().rect()); }
+  QRect place() const override { return surface().spriteRect(number()).within(surface().rect()); }
   QString name() const override { return deviceName(number()); }
 
 private:
@@ -95,7 +95,7 @@ private:
     SurfaceEvents *events = surface.events;
     if (events == nullptr || number > surface.picSystem.UBound())
       return;
-    const Sprite &sprite = surface.picSystem(number);
+    const SpriteRect sprite = surface.spriteRect(number);
     const QPoint middle(sprite.Width / 2, sprite.Height / 2);
     const QPoint global = surface.mapToGlobal(sprite.within(surface.rect()).center());
     // Not the left button, which would start a drag.
@@ -120,7 +120,7 @@ public:
 protected:
   QRect place() const override { return surface().lneLink(number()).within(surface().rect()); }
   QString name() const override {
-    const LinkRec &record = Links[static_cast<std::size_t>(number())];
+    const LinkRec &record = at(Links, number());
     return QStringLiteral("Link %1: %2 to %3")
         .arg(QString::number(number()), end(record.lFrom), end(record.lTo));
   }

@@ -4,23 +4,18 @@
 #include "appearance/images.h"
 #include "runtime/report.h"
 
-#include <algorithm>
-
 namespace vnb {
 namespace {
 
-SystemRec &system(std::int32_t lIndex) {
-  return Systems[static_cast<std::size_t>(lIndex)];
-}
 LinkRec &link(std::int32_t lIndex) {
-  return Links[static_cast<std::size_t>(lIndex)];
+  return at(Links, lIndex);
 }
 
-float endX(const Sprite &sprite, double fraction) {
+float endX(const SpriteRect &sprite, double fraction) {
   return toSingle(sprite.Left + sprite.Width * fraction);
 }
 
-float endY(const Sprite &sprite, double fraction) {
+float endY(const SpriteRect &sprite, double fraction) {
   return toSingle(sprite.Top + sprite.Height * fraction);
 }
 
@@ -34,37 +29,15 @@ void call(const std::function<void()> &hook) {
 void DiagramOperations::ClearLAN() {
   DocumentOperations::ClearLAN();
   reported("frmMain", "ClearLAN", [this] {
-    m_gaveUp = false;
     m_surface.picSystem.unloadAll();
     m_surface.lneLink.unloadAll();
     m_surface.lneLink(0).Visible = false;
     m_surface.lneLink(0).BorderColor = LinkColor;
-    Sprite &router = m_surface.picSystem(0);
-    router.Left = 0;
-    router.Top = 0;
-    router.layer = {};
-    router.Tag = SpriteTag::None;
+    m_surface.picSystem(0) = {};
     m_surface.update();
     call(Renumbered);
     call(Cleared);
   });
-}
-
-void DiagramOperations::loadSprite() {
-  Sprite &sprite = m_surface.picSystem.Load(m_surface.picSystem.UBound() + 1);
-  sprite.layer = {};
-  sprite.Tag = SpriteTag::None;
-}
-
-void DiagramOperations::place(std::int32_t lIndex) {
-  const SystemRec &record = system(lIndex);
-  Sprite &sprite = m_surface.picSystem(lIndex);
-  m_surface.touch(sprite);
-  sprite.Left = record.lX;
-  sprite.Top = record.lY;
-  sprite.lType = record.lType;
-  sprite.setPicture(DeviceImages(record.lType));
-  m_surface.touch(sprite);
 }
 
 void DiagramOperations::AddSystem(std::int32_t lType, std::int32_t lX, std::int32_t lY,
@@ -74,23 +47,38 @@ void DiagramOperations::AddSystem(std::int32_t lType, std::int32_t lX, std::int3
   const std::int32_t lIndex = UBound(Systems);
   if (m_surface.picSystem.UBound() >= lIndex)
     return; // there was no memory for the record
-  if (!reported("frmMain", "AddSystem", [this] { loadSprite(); })) {
-    m_gaveUp = true;
+  if (!reported("frmMain", "AddSystem", [&] { m_surface.picSystem.Load(lIndex) = {}; })) {
+    setGaveUp(true);
     return;
   }
   // Without a sprite there is one report, not one for each of its properties.
   const bool loaded = m_surface.picSystem.UBound() == lIndex;
   reported(
-      "frmMain", "AddSystem", [&] { loaded ? place(lIndex) : void(); },
+      "frmMain", "AddSystem",
       [&] {
-        if (loaded)
-          m_surface.picSystem(lIndex).Visible = true;
+        if (!loaded)
+          return;
+        m_surface.touch(lIndex);
+        static_cast<void>(DeviceImages(lType)); // raises what is wrong with the code
       },
       [&] {
         // While a file is read, the reader refills them once, behind its last system.
         if (lType == SystemType::Lock && !LoadingFile)
           call(PopulateLockBoxes);
       });
+}
+
+void DiagramOperations::MoveSystem(std::int32_t lIndex, std::int32_t lX, std::int32_t lY) {
+  m_surface.touch(lIndex);
+  DocumentOperations::MoveSystem(lIndex, lX, lY);
+  m_surface.touch(lIndex);
+  RefreshLinks(lIndex);
+}
+
+void DiagramOperations::ReplaceSystem(std::int32_t lIndex, std::int32_t lNewType) {
+  m_surface.touch(lIndex);
+  DocumentOperations::ReplaceSystem(lIndex, lNewType);
+  m_surface.touch(lIndex);
 }
 
 void DiagramOperations::AddLink(std::int32_t lFrom, double lFromX, double lFromY, std::int32_t lTo,
@@ -100,16 +88,15 @@ void DiagramOperations::AddLink(std::int32_t lFrom, double lFromX, double lFromY
   if (m_surface.lneLink.UBound() >= lIndex)
     return; // there was no memory for the record
   if (!reported("frmMain", "AddLink", [&] { m_surface.lneLink.Load(lIndex); }))
-    m_gaveUp = true;
+    setGaveUp(true);
   if (m_surface.lneLink.UBound() != lIndex)
     return;
   Line &line = m_surface.lneLink(lIndex);
-  const ControlArray<Sprite> &picSystem = m_surface.picSystem;
   reported(
-      "frmMain", "AddLink", [&] { line.X1 = endX(picSystem(lFrom), lFromX); },
-      [&] { line.X2 = endX(picSystem(lTo), lToX); },
-      [&] { line.Y1 = endY(picSystem(lFrom), lFromY); },
-      [&] { line.Y2 = endY(picSystem(lTo), lToY); },
+      "frmMain", "AddLink", [&] { line.X1 = endX(m_surface.spriteRect(lFrom), lFromX); },
+      [&] { line.X2 = endX(m_surface.spriteRect(lTo), lToX); },
+      [&] { line.Y1 = endY(m_surface.spriteRect(lFrom), lFromY); },
+      [&] { line.Y2 = endY(m_surface.spriteRect(lTo), lToY); },
       [&] {
         line.Visible = true;
         m_surface.touch(line);
@@ -120,11 +107,12 @@ void DiagramOperations::AddLink(std::int32_t lFrom, double lFromX, double lFromY
 /// leaves.
 bool DiagramOperations::layEnds(const Report &report, Line &line, const LinkRec &record, bool first,
                                 bool second) const {
-  const ControlArray<Sprite> &picSystem = m_surface.picSystem;
-  return (!first || report([&] { line.X1 = endX(picSystem(record.lFrom), record.dFromX); })) &&
-         (!second || report([&] { line.X2 = endX(picSystem(record.lTo), record.dToX); })) &&
-         (!first || report([&] { line.Y1 = endY(picSystem(record.lFrom), record.dFromY); })) &&
-         (!second || report([&] { line.Y2 = endY(picSystem(record.lTo), record.dToY); }));
+  const auto from = [&] { return m_surface.spriteRect(record.lFrom); };
+  const auto to = [&] { return m_surface.spriteRect(record.lTo); };
+  return (!first || report([&] { line.X1 = endX(from(), record.dFromX); })) &&
+         (!second || report([&] { line.X2 = endX(to(), record.dToX); })) &&
+         (!first || report([&] { line.Y1 = endY(from(), record.dFromY); })) &&
+         (!second || report([&] { line.Y2 = endY(to(), record.dToY); }));
 }
 
 void DiagramOperations::RefreshLinks(std::int32_t lIndex) {
@@ -181,19 +169,7 @@ void DiagramOperations::RemoveSystem(std::int32_t lIndex) {
   call(Renumbered);
   if (SystemRemoved)
     SystemRemoved(lIndex);
-  const Report report("frmMain", "RemoveSystem");
-  for (std::int32_t i = std::max(lIndex, 0); i <= picSystem.UBound(); ++i)
-    if (!report([&] { place(i); }))
-      return;
-  layAllLines(report);
-}
-
-void DiagramOperations::moveRouter() {
-  Sprite &router = m_surface.picSystem(0);
-  m_surface.touch(router);
-  router.Left = system(0).lX;
-  router.Top = system(0).lY;
-  m_surface.touch(router);
+  layAllLines(Report("frmMain", "RemoveSystem"));
 }
 
 } // namespace vnb

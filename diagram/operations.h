@@ -3,7 +3,7 @@
 #pragma once
 
 #include "diagram/surface.h"
-#include "lanfile/lanfile.h"
+#include "document/operations.h"
 #include "runtime/report.h"
 
 #include <functional>
@@ -19,6 +19,9 @@ public:
   void AddSystem(std::int32_t lType, std::int32_t lX, std::int32_t lY, std::int32_t lSecur,
                  std::int32_t lData1, std::int32_t lData2, std::int32_t lData3,
                  const QString &sDataX) override;
+  /// The lines of a system follow when it is moved, and not when it is replaced.
+  void MoveSystem(std::int32_t lIndex, std::int32_t lX, std::int32_t lY) override;
+  void ReplaceSystem(std::int32_t lIndex, std::int32_t lNewType) override;
   /// Reports 340 once for each coordinate whose sprite doesn't exist; the record stands.
   void AddLink(std::int32_t lFrom, double lFromX, double lFromY, std::int32_t lTo, double lToX,
                double lToY, std::int32_t lSecur) override;
@@ -31,13 +34,6 @@ public:
   /// Lays both ends of line `lIndex` from its record and shows it.
   void RefreshLine(std::int32_t lIndex);
 
-  /// Moves sprite 0 to the place that the reader has stored.
-  void moveRouter();
-
-  /// Whether the user has answered No to a sprite or line that can't be loaded: a file of too many
-  /// rows would otherwise ask thousands of times.
-  bool gaveUp() const { return m_gaveUp; }
-
   /// Refills the lock boxes of the device panel. Called when a lock is added by hand.
   std::function<void()> PopulateLockBoxes;
 
@@ -49,26 +45,11 @@ public:
   std::function<void()> Cleared;
 
 private:
-  void loadSprite();
-  void place(std::int32_t lIndex);
   bool layEnds(const Report &report, Line &line, const LinkRec &record, bool first,
                bool second) const;
   void layAllLines(const Report &report);
 
   Surface &m_surface;
-  bool m_gaveUp = false;
-};
-
-/// The reader's view on a diagram.
-class DiagramReaderView : public ReaderView {
-public:
-  explicit DiagramReaderView(DiagramOperations &operations) : m_operations(operations) {}
-
-  void routerMoved() override { m_operations.moveRouter(); }
-  bool stopped() const override { return m_operations.gaveUp(); }
-
-private:
-  DiagramOperations &m_operations;
 };
 
 } // namespace vnb

@@ -8,9 +8,9 @@
 
 namespace vnb {
 
-void Selection::wipe(Sprite &sprite) {
-  m_surface.touch(sprite);
-  sprite.layer = {};
+void Selection::wipe(std::int32_t lIndex) {
+  m_surface.touch(lIndex);
+  m_surface.picSystem(lIndex).layer = {};
 }
 
 void Selection::wipeLoose(std::int32_t lIndex) {
@@ -18,21 +18,23 @@ void Selection::wipeLoose(std::int32_t lIndex) {
     if (i == lIndex || i == lSelectedItem)
       return false;
     if (i <= m_surface.picSystem.UBound() && m_surface.picSystem(i).Tag == SpriteTag::None)
-      wipe(m_surface.picSystem(i));
+      wipe(i);
     return true;
   });
 }
 
 void Selection::frame(std::int32_t lIndex, Colour lColour, bool withNumber) {
   Sprite &sprite = m_surface.picSystem(lIndex);
-  const bool thin = sprite.lType == SystemType::Lock && lColour != SelectedColor;
+  const QSize size = m_surface.spriteRect(lIndex).size();
+  const bool lock = at(Systems, lIndex).lType == SystemType::Lock;
+  const bool thin = lock && lColour != SelectedColor;
   sprite.layer = {.colour = lColour,
-                  .width = sprite.Width,
-                  .height = sprite.Height,
+                  .width = static_cast<std::int16_t>(size.width()),
+                  .height = static_cast<std::int16_t>(size.height()),
                   .frameWidth = static_cast<std::uint8_t>(thin ? 1 : 2),
                   .dotted = thin,
                   .number = withNumber ? lIndex : -1};
-  m_surface.touch(sprite);
+  m_surface.touch(lIndex);
   if (sprite.Tag == SpriteTag::None && std::ranges::find(m_loose, lIndex) == m_loose.end())
     m_loose.push_back(lIndex);
 }
@@ -54,10 +56,8 @@ void Selection::SelectItem(std::int32_t lIndex, Colour lColour, bool bDoNotSelec
 void Selection::Deselect() {
   if (lSelectedItem < 0)
     return;
-  for (Sprite &sprite : m_surface.picSystem) {
-    sprite.layer = {};
-    sprite.Tag = SpriteTag::None;
-  }
+  for (Sprite &sprite : m_surface.picSystem)
+    sprite = {};
   m_surface.update();
   m_loose.clear();
   ClearLinkHilites();
@@ -83,7 +83,7 @@ void Selection::clearHilites(Test test) {
       continue;
     sprite.Tag = SpriteTag::None;
     if (i != lSelectedItem && sprite.layer.frameWidth > 0)
-      wipe(sprite);
+      wipe(i);
   }
 }
 

@@ -50,7 +50,8 @@ public:
         visit(i);
   }
 
-  void wipe(Sprite &sprite);
+  /// Takes off what is drawn on a sprite.
+  void wipe(std::int32_t lIndex);
   Surface &surface() { return m_surface; }
 
 private:

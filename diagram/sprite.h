@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
-/// Sprites: the pictures that stand for devices on the surface.
+/// Sprites: the pictures that stand for devices on the surface, with their highlights.
 #pragma once
 
 #include "appearance/globals.h"
-#include "document/systemtype.h"
-
-#include <QPixmap>
-#include <QRect>
 
 #include <cstdint>
 
@@ -46,30 +42,10 @@ constexpr bool isGreen(SpriteTag tag) {
   return tag == SpriteTag::GreenDk || tag == SpriteTag::Green;
 }
 
-/// One device on the surface, as a plain value: a hundred thousand of them may be copied, searched
-/// and painted in a frame's time. Positions and sizes are pixels of the surface.
+/// What a record doesn't say of its device: which highlight it has, and why.
 struct Sprite {
-  static constexpr std::int16_t blankWidth = 48;
-  static constexpr std::int16_t blankHeight = 32;
-
-  QPixmap Picture;
-  std::int32_t Left = 0;
-  std::int32_t Top = 0;
-  std::int32_t lType = SystemType::Router; // what the tool tip names
-  std::int16_t Width = blankWidth;
-  std::int16_t Height = blankHeight;
-  bool Visible = true;
   SpriteTag Tag = SpriteTag::None;
   SpriteLayer layer;
-
-  /// Takes the picture's size too; without a picture a sprite is 48 by 32.
-  void setPicture(const QPixmap &picture);
-  QString ToolTipText() const { return NameFromType(lType, true); }
-
-  bool contains(QPoint point) const;
-  bool overlaps(const QRect &area) const;
-  /// The part of the sprite that lies in `area`, empty if none does.
-  QRect within(const QRect &area) const;
 };
 
 } // namespace vnb

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "diagram/surface.h"
 
+#include "appearance/images.h"
 #include "diagram/accessible.h"
+#include "document/displaynames.h"
 #include "forms/form.h"
 
 #include <QHelpEvent>
@@ -68,13 +70,18 @@ void paintLayer(QPainter &painter, const QRect &sprite, const SpriteLayer &layer
   painter.setClipping(false);
 }
 
-void paintSprite(QPainter &painter, const Sprite &sprite) {
-  const QRect area(sprite.Left, sprite.Top, sprite.Width, sprite.Height);
-  if (sprite.Picture.isNull())
+SpriteRect rectOf(const SystemRec &record) {
+  const QSize size = deviceLook(record.lType).size;
+  return {record.lX, record.lY, size.width(), size.height()};
+}
+
+void paintSprite(QPainter &painter, const QRect &area, const QPixmap &picture,
+                 const SpriteLayer &layer) {
+  if (picture.isNull())
     painter.fillRect(area, QColor::fromRgb(blankSprite));
   else
-    painter.drawPixmap(area.topLeft(), sprite.Picture);
-  paintLayer(painter, area, sprite.layer);
+    painter.drawPixmap(area.topLeft(), picture);
+  paintLayer(painter, area, layer);
 }
 
 } // namespace
@@ -114,9 +121,18 @@ void Surface::DrawGrid(const std::function<void()> &yield) {
       yield();
 }
 
+std::int32_t Surface::lastDevice() const {
+  return std::min(picSystem.UBound(), UBound(Systems));
+}
+
+SpriteRect Surface::spriteRect(std::int32_t i) const {
+  static_cast<void>(picSystem(i)); // raises what is wrong with the number
+  return rectOf(at(Systems, i));
+}
+
 std::int32_t Surface::spriteAt(QPoint point) const {
-  for (std::int32_t i = picSystem.UBound(); i >= 0; --i)
-    if (picSystem(i).Visible && picSystem(i).contains(point))
+  for (std::int32_t i = lastDevice(); i >= 0; --i)
+    if (rectOf(at(Systems, i)).contains(point))
       return i;
   return -1;
 }
@@ -140,8 +156,8 @@ bool Surface::event(QEvent *event) {
   if (sprite == bareSurface)
     QToolTip::hideText();
   else
-    QToolTip::showText(help->globalPos(), picSystem(sprite).ToolTipText(), this,
-                       picSystem(sprite).within(rect()));
+    QToolTip::showText(help->globalPos(), friendlyName(sprite), this,
+                       spriteRect(sprite).within(rect()));
   return true;
 }
 
@@ -192,13 +208,17 @@ void Surface::paintLines(QPainter &painter, const QRect &area) const {
 
 void Surface::paintSprites(QPainter &painter, const QRect &area) const {
   painter.setFont(font());
-  for (const Sprite &sprite : picSystem)
-    if (sprite.Visible && sprite.overlaps(area))
-      paintSprite(painter, sprite);
+  for (std::int32_t i = 0; i <= lastDevice(); ++i) {
+    const SystemRec &record = at(Systems, i);
+    const SpriteRect place = rectOf(record);
+    if (place.overlaps(area))
+      paintSprite(painter, QRect(place.topLeft(), place.size()), deviceLook(record.lType).picture,
+                  picSystem(i).layer);
+  }
 }
 
 QPoint Surface::within(std::int32_t sprite, QPoint point) const {
-  return point - QPoint(picSystem(sprite).Left, picSystem(sprite).Top);
+  return point - spriteRect(sprite).topLeft();
 }
 
 void Surface::press(const QMouseEvent &event) {
@@ -238,7 +258,7 @@ void Surface::mouseMoveEvent(QMouseEvent *event) {
   const std::int32_t sprite = m_pressed.value_or(spriteAt(at));
   if (sprite == bareSurface)
     events->picLayout_MouseMove(at);
-  else if (sprite <= picSystem.UBound())
+  else if (sprite <= lastDevice())
     events->picSystem_MouseMove(sprite, within(sprite, at));
 }
 
@@ -248,7 +268,7 @@ void Surface::mouseReleaseEvent(QMouseEvent *event) {
   const std::int32_t sprite = *m_pressed;
   m_pressed.reset();
   if (sprite != bareSurface) {
-    if (sprite <= picSystem.UBound())
+    if (sprite <= lastDevice())
       events->picSystem_MouseUp(sprite, event->button(), event->globalPosition().toPoint());
   } else if (visibleRegion().contains(event->position().toPoint())) {
     events->picLayout_Click();

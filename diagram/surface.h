@@ -4,6 +4,7 @@
 
 #include "diagram/line.h"
 #include "diagram/sprite.h"
+#include "diagram/spriterect.h"
 #include "diagram/surfaceevents.h"
 #include "runtime/controlarray.h"
 
@@ -26,7 +27,7 @@ public:
   /// Gets what the pointer does. May be null.
   SurfaceEvents *events = nullptr;
 
-  /// Element i shows Systems(i); element 0 stands from the start.
+  /// Element i shows Systems(i), of which it holds no copy; element 0 stands from the start.
   ControlArray<Sprite> picSystem;
   /// Element i shows Links(i); element 0 is the template and never shown.
   ControlArray<Line> lneLink;
@@ -42,11 +43,14 @@ public:
   /// each step. Draws nothing at a distance of 0 or below.
   void DrawGrid(const std::function<void()> &yield = {});
 
+  /// Where sprite `i` is. Raises 6 beyond 16 bits and 340 if there is none.
+  SpriteRect spriteRect(std::int32_t i) const;
+
   /// Number of the topmost sprite at `point`, -1 if there is none.
   std::int32_t spriteAt(QPoint point) const;
 
-  /// Repaint what a sprite or line covers. To be called before and after a change.
-  void touch(const Sprite &sprite) { touch(sprite.within(rect())); }
+  /// Repaint what sprite `i` or a line covers. To be called before and after a change.
+  void touch(std::int32_t i) { touch(spriteRect(i).within(rect())); }
   void touch(const Line &line) { touch(line.within(rect())); }
 
   /// Paints `area` of the surface.
@@ -73,6 +77,8 @@ private:
 
   static constexpr std::int32_t bareSurface = -1;
 
+  /// The highest number with both a sprite and a record: amid an operation one may be missing.
+  std::int32_t lastDevice() const;
   void press(const QMouseEvent &event);
   /// `point` of the surface in pixels of a sprite.
   QPoint within(std::int32_t sprite, QPoint point) const;

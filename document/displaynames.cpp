@@ -3,11 +3,13 @@
 
 namespace vnb {
 
-QString deviceName(std::int32_t lIndex) {
+QString friendlyName(std::int32_t lIndex) {
   const bool known = lIndex >= 0 && lIndex <= UBound(Systems);
-  const std::int32_t lType =
-      known ? Systems[static_cast<std::size_t>(lIndex)].lType : SystemType::Unknown;
-  return NameFromType(lType, true) + u' ' + QString::number(lIndex);
+  return NameFromType(known ? at(Systems, lIndex).lType : SystemType::Unknown, true);
+}
+
+QString deviceName(std::int32_t lIndex) {
+  return friendlyName(lIndex) + u' ' + QString::number(lIndex);
 }
 
 QString linkName(const LinkRec &link, std::int32_t lIndex) {

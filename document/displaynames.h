@@ -6,6 +6,9 @@
 
 namespace vnb {
 
+/// "Main server": the type's displayed name; an unknown device if there is none of that number.
+QString friendlyName(std::int32_t lIndex);
+
 /// "Main server 3": displayed name and number; an unknown device if there is none of that number.
 QString deviceName(std::int32_t lIndex);
 

@@ -43,7 +43,7 @@ std::vector<std::int32_t> RetrieveLinks(std::int32_t lIndex) {
   std::vector<std::int32_t> result{0};
   reported("modDeclares", "RetrieveLinks", [&] {
     for (std::int32_t i = 1; i <= UBound(Links); ++i)
-      if (touches(Links[static_cast<std::size_t>(i)], lIndex))
+      if (touches(at(Links, i), lIndex))
         result.push_back(i);
   });
   return result;
@@ -57,7 +57,7 @@ std::vector<std::int32_t> RetrieveLocks() {
   std::vector<std::int32_t> result{0};
   reported("frmMain", "RetrieveLocks", [&] {
     for (std::int32_t i = 0; i <= UBound(Systems); ++i)
-      if (Systems[static_cast<std::size_t>(i)].lType == SystemType::Lock)
+      if (at(Systems, i).lType == SystemType::Lock)
         result.push_back(i);
   });
   return result;

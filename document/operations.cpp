@@ -68,7 +68,8 @@ void closeGapEverywhere(std::int32_t gone) {
 } // namespace
 
 void DocumentOperations::ClearLAN() {
-  reported("frmMain", "ClearLAN", [] {
+  reported("frmMain", "ClearLAN", [this] {
+    m_gaveUp = false;
     reset(DataItems);
     reset(Systems);
     lSelectedItem = -1;
@@ -101,10 +102,14 @@ void DocumentOperations::AddSystem(std::int32_t lType, std::int32_t lX, std::int
   });
 }
 
+void DocumentOperations::MoveSystem(std::int32_t lIndex, std::int32_t lX, std::int32_t lY) {
+  SystemRec &record = at(Systems, lIndex);
+  record.lX = lX;
+  record.lY = lY;
+}
+
 void DocumentOperations::ReplaceSystem(std::int32_t lIndex, std::int32_t lNewType) {
-  if (lIndex < 0 || lIndex > UBound(Systems))
-    throw RuntimeError(Fault::SubscriptOutOfRange);
-  Systems[static_cast<std::size_t>(lIndex)].lType = lNewType;
+  at(Systems, lIndex).lType = lNewType;
 }
 
 void DocumentOperations::AddLink(std::int32_t lFrom, double lFromX, double lFromY, std::int32_t lTo,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-/// The operations that grow and shrink the document; nothing else resizes its arrays.
+/// The operations that change the document's devices and links.
 #pragma once
 
 #include "document/modDeclares.h"
@@ -24,7 +24,10 @@ public:
                          std::int32_t lSecur = 0, std::int32_t lData1 = 0, std::int32_t lData2 = 0,
                          std::int32_t lData3 = 0, const QString &sDataX = {});
 
-  /// Changes the type alone.
+  /// Moves a system to `lX`, `lY`. Raises 9 if there is none.
+  virtual void MoveSystem(std::int32_t lIndex, std::int32_t lX, std::int32_t lY);
+
+  /// Changes the type alone. Raises 9 if there is no such system.
   virtual void ReplaceSystem(std::int32_t lIndex, std::int32_t lNewType);
 
   /// Appends a link without any check. The four places are fractions of the sprites' sizes.
@@ -41,6 +44,16 @@ public:
 
   /// Removes a link. `bSuppressReorder` leaves the lines to the caller.
   virtual void RemoveLink(std::int32_t lIndex, bool bSuppressReorder);
+
+  /// Whether the user has answered No where a system or link of the LAN could not be shown. A file
+  /// of too many rows would otherwise ask thousands of times.
+  bool gaveUp() const { return m_gaveUp; }
+
+protected:
+  void setGaveUp(bool gaveUp) { m_gaveUp = gaveUp; }
+
+private:
+  bool m_gaveUp = false; // since ClearLAN
 };
 
 } // namespace vnb

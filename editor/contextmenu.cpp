@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editor/contextmenu.h"
 
-#include "appearance/images.h"
 #include "document/displaynames.h"
 #include "runtime/messagebox.h"
 
@@ -25,7 +24,7 @@ std::unique_ptr<QMenu> ContextMenu::build(std::int32_t Index, QWidget &parent) {
   addLinks(*mnuPopup, Index);
   mnuPopup->addSeparator();
   addTypes(*mnuPopup, Index);
-  const QString name = m_selection.surface().picSystem(Index).ToolTipText().toLower();
+  const QString name = friendlyName(Index).toLower();
   QAction *mnuRemove = mnuPopup->addAction(QStringLiteral("Remove this ") + name);
   mnuRemove->setObjectName(QStringLiteral("mnuRemove"));
   mnuRemove->setEnabled(Index > 0);
@@ -43,7 +42,7 @@ void ContextMenu::addLinks(QMenu &mnuPopup, std::int32_t Index) {
     const std::vector<std::int32_t> links = RetrieveLinks(Index);
     for (std::size_t i = 1; i < links.size(); ++i) {
       const std::int32_t lLink = links[i];
-      const QString caption = linkName(Links[static_cast<std::size_t>(lLink)], Index);
+      const QString caption = linkName(at(Links, lLink), Index);
       QAction *mnuLink = mnuLinks->addAction(caption);
       QObject::connect(mnuLink, &QAction::triggered, mnuLink,
                        [this, caption, lLink] { mnuLink_Click(caption, lLink); });
@@ -58,9 +57,9 @@ void ContextMenu::addTypes(QMenu &mnuPopup, std::int32_t Index) {
   for (std::int32_t lType = firstType; lType <= SystemType::Last; ++lType) {
     QAction *mnuType = mnuChange->addAction(NameFromType(lType, true));
     mnuType->setCheckable(true);
-    mnuType->setChecked(Systems[static_cast<std::size_t>(Index)].lType == lType);
+    mnuType->setChecked(at(Systems, Index).lType == lType);
     QObject::connect(mnuType, &QAction::triggered, mnuType,
-                     [this, lType] { mnuType_Click(lType); });
+                     [this, lType] { m_operations.ReplaceSystem(lSelectedItem, lType); });
   }
 }
 
@@ -71,8 +70,8 @@ void ContextMenu::mnuLink_Click(const QString &caption, std::int32_t lLink) {
 }
 
 void ContextMenu::mnuRemove_Click() {
-  const Sprite &sprite = m_selection.surface().picSystem(lSelectedItem);
-  if (confirmed(QStringLiteral("Really remove this ") + sprite.ToolTipText().toLower() + u'?'))
+  if (confirmed(QStringLiteral("Really remove this ") + friendlyName(lSelectedItem).toLower() +
+                u'?'))
     m_operations.RemoveSystem(lSelectedItem);
   selectAgain();
 }
@@ -85,17 +84,6 @@ void ContextMenu::selectAgain() {
     m_selection.Deselect();
   else if (lSelectedItem != -1)
     m_selection.SelectItem(lSelectedItem, black, false);
-}
-
-/// In place: fields, links, frame and panels stay as they are.
-void ContextMenu::mnuType_Click(std::int32_t lType) {
-  Surface &surface = m_selection.surface();
-  Sprite &sprite = surface.picSystem(lSelectedItem);
-  m_operations.ReplaceSystem(lSelectedItem, lType);
-  surface.touch(sprite);
-  sprite.setPicture(DeviceImages(lType));
-  sprite.lType = lType;
-  surface.touch(sprite);
 }
 
 } // namespace vnb

@@ -26,7 +26,6 @@ private:
   void addLinks(QMenu &mnuPopup, std::int32_t Index);
   void addTypes(QMenu &mnuPopup, std::int32_t Index);
   void mnuLink_Click(const QString &caption, std::int32_t lLink);
-  void mnuType_Click(std::int32_t lType);
   void selectAgain();
 
   Selection &m_selection;

@@ -4,7 +4,7 @@
 #include "appearance/colours.h"
 #include "appearance/frmThemes.h"
 #include "editor/frmToolbox.h"
-#include "forms/pictures.h"
+#include "lanfile/lanfile.h"
 #include "panels/context.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
@@ -49,10 +49,8 @@ bool askForFile(QWidget &owner, const char *title, bool save) {
 }
 
 /// The reader's view on the whole editor.
-class EditorReaderView : public DiagramReaderView {
+class EditorReaderView : public ReaderView {
 public:
-  using DiagramReaderView::DiagramReaderView;
-
   void headerRead(HeaderField field) override { Form<frmLanInfo>::instance().showField(field); }
   void populateLockBoxes() override { Form<frmDevice>::instance().PopulateLockBoxes(); }
 
@@ -84,7 +82,6 @@ frmMain::frmMain()
   setFocusPolicy(Qt::StrongFocus);
   setFocus(); // not the first button: nothing is marked until Tab is pressed
   resize(designSize);
-  picLayout().picSystem(0).setPicture(LoadResPicture(ResIDFromType(SystemType::Router)));
   m_gestures.openMenu = [this](std::int32_t Index, QPoint global) { openMenu(Index, global); };
   m_operations.Cleared = [] {
     if (Form<frmDevice>::isLoaded()) {
@@ -279,7 +276,7 @@ void frmMain::picLoad_Click() {
 }
 
 void frmMain::openFile(const QString &sFileName, bool bTakeYourTime) {
-  EditorReaderView view(m_operations);
+  EditorReaderView view;
   OpenLANFile(sFileName, m_operations, view, bTakeYourTime);
   // A reading that was given up has left the boxes of the fields behind alone.
   if (Form<frmLanInfo>::isLoaded())
@@ -388,8 +385,6 @@ void frmMain::loadButtonImages(const QString &tag, const QString &files) {
 }
 
 void frmMain::deviceImagesChanged() {
-  for (Sprite &sprite : picLayout().picSystem)
-    sprite.setPicture(DeviceImages(sprite.lType));
   picLayout().update();
 }
 

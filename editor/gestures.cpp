@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/gestures.h"
 
+#include "document/displaynames.h"
 #include "forms/drag.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
@@ -25,11 +26,10 @@ void Gestures::picSystem_MouseDown(std::int32_t Index, Qt::MouseButton Button, Q
           return;
         lDragX = at.x();
         lDragY = at.y();
-        const Sprite &sprite = m_surface.picSystem(Index);
         m_surface.releasePointer();
         Drag::instance().begin(
             {.widget = &m_surface,
-             .size = QSize(sprite.Width, sprite.Height),
+             .size = m_surface.spriteRect(Index).size(),
              .grab = at,
              .drop = [this, Index](QWidget &target,
                                    QPoint place) { dropSystem(target, place, Index); }},
@@ -53,17 +53,8 @@ const char *Gestures::dropProcedure(const QWidget &target, QPoint at) const {
 void Gestures::dropSystem(QWidget &target, QPoint at, std::int32_t Index) {
   if (!takesDrops(target) || Index > m_surface.picSystem.UBound())
     return;
-  reported("frmMain", dropProcedure(target, at), [&] {
-    Sprite &sprite = m_surface.picSystem(Index);
-    m_surface.touch(sprite);
-    sprite.Left = at.x() - lDragX;
-    sprite.Top = at.y() - lDragY;
-    m_surface.touch(sprite);
-    SystemRec &record = Systems[static_cast<std::size_t>(Index)];
-    record.lX = sprite.Left;
-    record.lY = sprite.Top;
-    m_operations.RefreshLinks(Index);
-  });
+  reported("frmMain", dropProcedure(target, at),
+           [&] { m_operations.MoveSystem(Index, at.x() - lDragX, at.y() - lDragY); });
 }
 
 void Gestures::dropDevice(QWidget &target, QPoint at, std::int32_t lType, QPoint grab) {
@@ -87,7 +78,7 @@ void Gestures::picSystem_DblClick(std::int32_t Index) {
 }
 
 void Gestures::startLink(std::int32_t Index) {
-  const Sprite &sprite = m_surface.picSystem(Index);
+  const SpriteRect sprite = m_surface.spriteRect(Index);
   bLinking = true;
   lLinkX = roundToLong(sprite.Left + sprite.Width / 2.0);
   lLinkY = roundToLong(sprite.Top + sprite.Height / 2.0);
@@ -120,10 +111,9 @@ void Gestures::moveBand(QPoint end, bool show) {
 
 void Gestures::picSystem_MouseMove(std::int32_t Index, QPoint at) {
   reported("frmMain", "picSystem_MouseMove", [&] {
-    const Sprite &sprite = m_surface.picSystem(Index);
-    m_toolbar.setStatus(sprite.ToolTipText() + u' ' + QString::number(Index));
+    m_toolbar.setStatus(deviceName(Index));
     if (bLinking)
-      moveBand(at + QPoint(sprite.Left, sprite.Top), false);
+      moveBand(at + m_surface.spriteRect(Index).topLeft(), false);
   });
 }
 

@@ -26,14 +26,10 @@ public:
 
   /// A field of LanHeader has been read, or was left alone after a fault.
   virtual void headerRead(HeaderField) {}
-  /// Systems(0) has its place.
-  virtual void routerMoved() {}
   /// The SYSTEMS table has been left, in whichever way.
   virtual void populateLockBoxes() {}
   /// Waiting events may run. Only called when the reader takes its time.
   virtual void yield() {}
-  /// Whether to end the reading at once; asked after each row.
-  virtual bool stopped() const { return false; }
 };
 
 /// Replaces the document by what `sFileName` holds, through `operations`, so that a view which

@@ -112,10 +112,9 @@ private:
              m_row.takeWord();
              const std::int32_t lX = m_row.takeLong();
              const std::int32_t lY = m_row.takeLong();
-             Systems[0].lX = lX;
-             Systems[0].lY = lY;
+             m_operations.MoveSystem(0, lX, lY);
            }) &&
-           m_report([&] { m_view.routerMoved(); }) && m_report([&] { nextLine(); });
+           m_report([&] { nextLine(); });
   }
 
   /// The rows from the current line to the ".": each goes to `takeRow`, which raises what is wrong
@@ -133,7 +132,7 @@ private:
                           m_row = Row(m_lines.current());
                         }) &&
                         m_report(takeRow) && m_report([&] { nextLine(); });
-      if (!goOn || m_view.stopped())
+      if (!goOn || m_operations.gaveUp())
         return false;
     }
   }

@@ -187,7 +187,7 @@ void addFile(FileText &file) {
   addHeader(file, "YPOS        ", LanHeader.YPOS);
   file.add(systemsBanner);
   for (std::int32_t i = 0; i <= UBound(Systems); ++i)
-    addSystem(file, i, Systems[static_cast<std::size_t>(i)]);
+    addSystem(file, i, at(Systems, i));
   file.add(linksBanner);
   addTable(file, Links, addLink);
   file.add(subnetsBanner);

@@ -26,7 +26,7 @@ inline std::int32_t selectedNumber() {
 
 /// Its record. Raises 9 if none is selected.
 inline SystemRec &selectedSystem() {
-  return Systems[static_cast<std::size_t>(selectedNumber())];
+  return at(Systems, selectedNumber());
 }
 
 } // namespace vnb

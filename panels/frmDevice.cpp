@@ -181,8 +181,7 @@ void frmDevice::selectionFill() {
 
 void frmDevice::fillCommon() {
   const std::int32_t entry = FindData(lSelectedItem);
-  m_txtData->setContent(entry == -1 ? QString()
-                                    : QString(DataItems[static_cast<std::size_t>(entry)].sText));
+  m_txtData->setContent(entry == -1 ? QString() : QString(at(DataItems, entry).sText));
   const std::int32_t lSecur = selectedSystem().lSecur;
   m_optSecur->mark(lSecur >= 1 && lSecur <= 3 ? lSecur : 1);
 }
@@ -256,9 +255,8 @@ LockRows &frmDevice::rows(std::int32_t box) {
 void frmDevice::dropFrames(std::int32_t Index) {
   Selection &selection = *panelContext.selection;
   selection.forEachTagged(yellowTag(Index), [&](std::int32_t i) {
-    Sprite &sprite = selection.surface().picSystem(i);
-    sprite.Tag = SpriteTag::None;
-    selection.wipe(sprite);
+    selection.surface().picSystem(i).Tag = SpriteTag::None;
+    selection.wipe(i);
   });
 }
 
@@ -305,7 +303,7 @@ void frmDevice::txtData_Change() {
     const std::int32_t device = selectedNumber();
     const std::int32_t entry = FindData(device);
     if (!text.isEmpty() && entry != -1)
-      DataItems[static_cast<std::size_t>(entry)].sText = text;
+      at(DataItems, entry).sText = text;
     else if (!text.isEmpty())
       panelContext.operations->AddData(device, text);
     else if (entry != -1)

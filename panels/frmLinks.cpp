@@ -153,7 +153,7 @@ void frmLinks::fillList() {
   std::vector<NumberRow> rows;
   rows.reserve(links.size() - 1);
   for (std::size_t i = 1; i < links.size(); ++i) {
-    const LinkRec &link = Links[static_cast<std::size_t>(links[i])];
+    const LinkRec &link = at(Links, links[i]);
     rows.push_back({.text = linkName(link, lSelectedItem), .number = links[i]});
   }
   m_lstLinks->setRows(std::move(rows));
@@ -180,7 +180,7 @@ LinkRec *frmLinks::currentLink() const {
   const int row = m_lstLinks->ListIndex();
   if (row < 0)
     return nullptr;
-  return &Links[static_cast<std::size_t>(m_lstLinks->rows()[static_cast<std::size_t>(row)].number)];
+  return &at(Links, m_lstLinks->rows()[static_cast<std::size_t>(row)].number);
 }
 
 void frmLinks::lstLinks_Click() {
@@ -218,7 +218,7 @@ bool frmLinks::readBoxes(double &x, double &y) const {
   try {
     x = CDbl(m_txtX->text().toStdString());
     y = CDbl(m_txtY->text().toStdString());
-    const Sprite &sprite = panelContext.selection->surface().picSystem(lSelectedItem);
+    const SpriteRect sprite = panelContext.selection->surface().spriteRect(lSelectedItem);
     toSingle(sprite.Width * x);
     toSingle(sprite.Height * y);
     return true;

@@ -11,7 +11,7 @@
 namespace vnb {
 
 /// Elements 0 to UBound, contiguous. Element 0 stands from the start and is the template of all
-/// others. `T` is a value with a member `bool Visible`.
+/// others.
 template <class T>
 class ControlArray {
 public:
@@ -23,7 +23,7 @@ public:
   T &operator()(std::int32_t index) { return m_elements[checked(index)]; }
   const T &operator()(std::int32_t index) const { return m_elements[checked(index)]; }
 
-  /// Adds element `index` as a hidden copy of element 0. Raises 6 beyond 16 bits, 360 for an
+  /// Adds element `index` as a copy of element 0. Raises 6 beyond 16 bits, 360 for an
   /// element that is there, 340 when elements below it are missing.
   T &Load(std::int32_t index) {
     if (beyond16Bits(index))
@@ -32,9 +32,7 @@ public:
       throw RuntimeError(Fault::ObjectAlreadyLoaded);
     if (index > UBound() + 1)
       throw RuntimeError(Fault::ControlArrayElement);
-    T copy = m_elements.front();
-    copy.Visible = false;
-    return m_elements.emplace_back(std::move(copy));
+    return m_elements.emplace_back(T(m_elements.front()));
   }
 
   /// Takes away the top element. Raises 362 for element 0 and 340 for any other but the top one.

@@ -72,9 +72,8 @@ TEST_F(AccessibleSurface, ListsDevicesAndLinksAsTheyAreNow) {
 
 TEST_F(AccessibleSurface, TellsPlacesAndSelection) {
   QAccessibleInterface *modem = list().child(1);
-  const Sprite &sprite = main.picLayout().picSystem(1);
   const QPoint corner = main.picLayout().mapToGlobal(QPoint(100, 50));
-  EXPECT_EQ(modem->rect(), QRect(corner, QSize(sprite.Width, sprite.Height)));
+  EXPECT_EQ(modem->rect(), QRect(corner, main.picLayout().spriteRect(1).size()));
   EXPECT_EQ(list().childAt(corner.x() + 5, corner.y() + 5), modem);
   EXPECT_EQ(list().childAt(corner.x() - 5, corner.y() - 5), nullptr);
   EXPECT_FALSE(modem->state().offscreen);

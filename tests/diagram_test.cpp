@@ -37,9 +37,8 @@ int difference(const QImage &a, const QImage &b) {
 
 class Diagram : public testing::Test {
 protected:
-  Diagram() : surface(nullptr), operations(surface), view(operations) {
+  Diagram() : surface(nullptr), operations(surface) {
     LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
-    surface.picSystem(0).setPicture(DeviceImages(SystemType::Router));
     LinkColor = 0xE48257;
     GridColor = 0x404040;
     GridRes = 20;
@@ -88,7 +87,7 @@ protected:
   Boxes boxes;
   Surface surface;
   DiagramOperations operations;
-  DiagramReaderView view;
+  ReaderView view;
 };
 
 TEST_F(Diagram, BuiltInPicturesHaveTheirExactSizes) {
@@ -126,8 +125,7 @@ TEST_F(Diagram, WhatCannotBeShownIsReportedAndStands) {
   EXPECT_THAT(yesses.texts, ElementsAre("6 frmMain.AddLink", "9 frmMain.AddSystem"));
   EXPECT_EQ(dumpLinks(), "0@1e+300,0-0@0,0/1");
   EXPECT_EQ(lines(), "0,0-0,0;");
-  EXPECT_EQ(surface.picSystem(1).Left, 5);
-  EXPECT_TRUE(surface.picSystem(1).Visible);
+  EXPECT_EQ(surface.spriteAt({5, 6}), 1);
 }
 
 TEST_F(Diagram, ALinkToNoDeviceInAFileIsReportedForItself) {
@@ -170,7 +168,7 @@ TEST_F(Diagram, LocksRefillTheBoxesUnlessAFileIsRead) {
 }
 
 TEST_F(Diagram, TheTopmostSpriteIsHit) {
-  surface.picSystem(0).Left = 10;
+  operations.MoveSystem(0, 10, 0);
   add(2, 20, 10);
   add(9, std::numeric_limits<std::int32_t>::max(), 10);
   constexpr int cases[][3] = {{9, 0, -1},  {10, 0, 0},   {19, 15, 0}, {20, 15, 1},
@@ -180,7 +178,7 @@ TEST_F(Diagram, TheTopmostSpriteIsHit) {
 }
 
 TEST_F(Diagram, PaintsGridThenLinesThenSprites) {
-  surface.picSystem(0).Visible = false;
+  operations.MoveSystem(0, -100, 0); // out of the way
   surface.setBackColor(0x100000);
   EXPECT_EQ(pixel(40, 47), 0x000010);
   surface.DrawGrid();
@@ -252,7 +250,7 @@ TEST_F(Diagram, NothingOfALayerLiesOutsideItsSprite) {
   const QImage before = picture(around);
   sprite.layer = {.colour = white, .width = 72, .height = 51, .frameWidth = 2, .number = 32767};
   const QImage after = picture(around);
-  const QRect inside(20, 20, sprite.Width, sprite.Height);
+  const QRect inside(QPoint(20, 20), surface.spriteRect(1).size());
   int changed = 0;
   for (int y = 0; y < 80; ++y)
     for (int x = 0; x < 80; ++x)
@@ -310,12 +308,7 @@ TEST_F(Diagram, NoChangeLeavesTracesOnTheScreen) {
       },
       [&](Device device) { link(0, device); },
       [&](Device device) {
-        Sprite &sprite = surface.picSystem(device);
-        surface.touch(sprite);
-        sprite.Left = Systems[static_cast<std::size_t>(device)].lX =
-            static_cast<int>(random() % 700);
-        surface.touch(sprite);
-        operations.RefreshLinks(device);
+        operations.MoveSystem(device, static_cast<int>(random() % 700), vnb::at(Systems, device).lY);
       }};
   for (int step = 0; step < 60; ++step) {
     const auto device = static_cast<Device>(random() % Systems.size());

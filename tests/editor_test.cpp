@@ -221,9 +221,8 @@ TEST_F(Editor, AThemeRestylesEverythingThatStands) {
   for (const Line &line : surface().lneLink)
     EXPECT_EQ(line.BorderColor, 0x00FF00);
   EXPECT_EQ(surface().lneXOR.BorderColor, 0x00FF00);
-  const Sprite &sprite = surface().picSystem(router);
-  EXPECT_EQ(sprite.Width, 20);
-  EXPECT_EQ(sprite.Picture.toImage().pixelColor(5, 5), QColor(Qt::cyan));
+  EXPECT_EQ(surface().spriteRect(router).Width, 20);
+  EXPECT_EQ(surface().grab().toImage().pixelColor(5, 5), QColor(Qt::cyan));
   EXPECT_EQ(surface().lneLink(1).X1, end) << "until the router is moved";
   EXPECT_EQ(frames(), "1 solid 2 FFFFFF #1;");
   const QImage shown = surface().grab(QRect(400, 100, 50, 50)).toImage();

@@ -113,8 +113,8 @@ public:
 
   /// Presses a device at a place within it, its corner if none is given.
   Gesture &press(std::int32_t device, Qt::MouseButton button = Qt::LeftButton, QPoint grab = {}) {
-    const Sprite &sprite = surface().picSystem(device);
-    return pressAt(sprite.Left + grab.x(), sprite.Top + grab.y(), button);
+    const QPoint at = surface().spriteRect(device).topLeft() + grab;
+    return pressAt(at.x(), at.y(), button);
   }
   Gesture &pressAt(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
     return pressIn(surface(), {x, y}, button);
@@ -145,12 +145,7 @@ public:
   }
   void select(std::int32_t device) { press(device).release(); }
   /// Puts a device somewhere without a gesture.
-  void put(std::int32_t device, int x, int y) {
-    Sprite &sprite = surface().picSystem(device);
-    SystemRec &record = Systems[static_cast<std::size_t>(device)];
-    record.lX = sprite.Left = x;
-    record.lY = sprite.Top = y;
-  }
+  void put(std::int32_t device, int x, int y) { main.operations().MoveSystem(device, x, y); }
   /// The toolbox beside the main window, on the entry of that position.
   frmToolbox &toolbox(int item = 0) {
     main.picAdd_Click();
@@ -166,15 +161,9 @@ public:
 
   // What is seen.
 
-  /// Where a device is, by its sprite and by its record.
-  std::string at(std::int32_t device) {
-    const Sprite &sprite = surface().picSystem(device);
-    const SystemRec &record = Systems[static_cast<std::size_t>(device)];
-    std::ostringstream out;
-    out << sprite.Left << ',' << sprite.Top;
-    if (record.lX != sprite.Left || record.lY != sprite.Top)
-      out << " but in its record " << record.lX << ',' << record.lY;
-    return out.str();
+  static std::string at(std::int32_t device) {
+    const SystemRec &record = vnb::at(Systems, device);
+    return std::to_string(record.lX) + ',' + std::to_string(record.lY);
   }
   std::string band() {
     const Line &line = surface().lneXOR;

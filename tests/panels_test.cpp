@@ -134,7 +134,7 @@ TEST_F(Panels, RowsOfLockBoxesFollowTheirDevices) {
     std::string text = cboLock1.currentText().toStdString() + " of";
     for (int i = 0; i < cboLock1.count(); ++i)
       text += ' ' + cboLock1.itemText(i).toStdString();
-    return text + ", stored " + std::to_string(Systems[static_cast<std::size_t>(device)].lData2);
+    return text + ", stored " + std::to_string(vnb::at(Systems, device).lData2);
   };
   main.operations().RemoveSystem(terminal);
   EXPECT_EQ(state(3), "4 of None 2 4, stored 4");
@@ -256,7 +256,7 @@ TEST_F(Panels, RandomTextsAreAFixpointOfSavingAndOpening) {
   std::mt19937 random(5);
   const Folder folder;
   const QString path = folder.path("lan.txt");
-  DiagramReaderView view(main.operations());
+  ReaderView view;
   const auto savedAndOpened = [&] {
     SaveLAN(path);
     OpenLANFile(path, main.operations(), view);

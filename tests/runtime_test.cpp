@@ -110,15 +110,9 @@ TEST(CodePage, FollowsTheLocaleOfCharacters) {
     EXPECT_EQ(std::to_string(codePageNumber(QString::fromStdString(locale))), number) << locale;
 }
 
-struct Element {
-  int value = 0;
-  bool Visible = true;
-};
-
 TEST(ControlArray, GrowsAndShrinksAtTheTop) {
-  ControlArray<Element> array(Element{5, true});
-  EXPECT_EQ(array.Load(1).value, 5);
-  EXPECT_FALSE(array(1).Visible);
+  ControlArray<int> array(5);
+  EXPECT_EQ(array.Load(1), 5);
   Words errors;
   for (const std::int32_t index : {2, -1, 32768})
     errors.push_back(raised([&] { array(index); }));

@@ -60,7 +60,6 @@ Session::Session() {
     return answer.isNull() ? std::nullopt : std::optional(answer);
   };
   lSelectedItem = -1;
-  surface.picSystem(0).setPicture(DeviceImages(SystemType::Router));
   main.operations().ClearLAN();
   main.move(0, 0);
   main.show();
@@ -100,9 +99,8 @@ bool Session::answerBoxes(Dice &dice) {
 // Gestures.
 
 void Session::pressDevice(std::int32_t device, Qt::MouseButton button, QPoint grab) {
-  const Sprite &sprite = surface.picSystem(device);
-  surface.events->picSystem_MouseDown(device, button, grab,
-                                      surface.mapToGlobal(QPoint(sprite.Left, sprite.Top) + grab));
+  const QPoint at = surface.spriteRect(device).topLeft() + grab;
+  surface.events->picSystem_MouseDown(device, button, grab, surface.mapToGlobal(at));
   model.press(device);
 }
 

@@ -116,14 +116,6 @@ void Session::compareDocuments() {
 
 void Session::compareSprite(std::int32_t device) {
   const Sprite &sprite = surface.picSystem(device);
-  const SystemRec &record = model.document.systems[position(device)];
-  const QSize size = model.sizeOf(device);
-  compare(text("sprite ", device),
-          text(sprite.Left, ',', sprite.Top, ' ', sprite.Width, 'x', sprite.Height, ' ',
-               sprite.Visible, ' ', sprite.ToolTipText().toStdString(), ' ',
-               sprite.Picture.cacheKey()),
-          text(record.lX, ',', record.lY, ' ', size.width(), 'x', size.height(), " 1 ",
-               nameOf(record.lType), ' ', DeviceImages(record.lType).cacheKey()));
   compare(text("frame of ", device), describe(sprite.layer, sprite.Tag),
           describe(model.layers[position(device)], model.tags[position(device)]));
 }

@@ -5,6 +5,7 @@
 #include "appearance/images.h"
 #include "appearance/theme.h"
 #include "diagram/operations.h"
+#include "lanfile/lanfile.h"
 #include "runtime/error.h"
 #include "runtime/messagebox.h"
 
@@ -27,9 +28,7 @@ public:
   void linkColorChanged() override {} // no line is there yet
   void UpdateColors() override { m_surface.setBackColor(BackgroundColor); }
   void loadButtonImages(const QString & /*tag*/, const QString & /*files*/) override {}
-  void deviceImagesChanged() override {
-    m_surface.picSystem(0).setPicture(DeviceImages(SystemType::Router));
-  }
+  void deviceImagesChanged() override {} // nobody has seen the surface yet
 
 private:
   Surface &m_surface;
@@ -43,7 +42,7 @@ bool read(const QString &path, DiagramOperations &operations) {
     clean = false;
     return print(box);
   };
-  DiagramReaderView view(operations);
+  ReaderView view;
   OpenLANFile(path, operations, view);
   return clean;
 }
@@ -54,8 +53,8 @@ QRect area(const Surface &surface, bool crop) {
     return surface.rect();
   constexpr int room = 40;
   QRect devices;
-  for (const Sprite &sprite : surface.picSystem)
-    devices |= sprite.within(surface.rect());
+  for (std::int32_t i = 0; i <= surface.picSystem.UBound(); ++i)
+    devices |= surface.spriteRect(i).within(surface.rect());
   return devices.adjusted(-room, -room, room, room) & surface.rect();
 }
 

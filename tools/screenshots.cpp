@@ -6,6 +6,7 @@
 #include "editor/frmMain.h"
 #include "editor/frmToolbox.h"
 #include "forms/style.h"
+#include "lanfile/lanfile.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
 #include "panels/frmLinks.h"
@@ -48,7 +49,7 @@ private:
 
 std::int32_t firstOf(std::int32_t lType) {
   for (std::int32_t i = 0; i <= UBound(Systems); ++i)
-    if (Systems[static_cast<std::size_t>(i)].lType == lType)
+    if (at(Systems, i).lType == lType)
       return i;
   return 0;
 }
@@ -119,7 +120,7 @@ int run(const QStringList &words) {
   const QStringList themes = QDir(themesFolder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
   for (const QString &theme : themes) {
     LoadTheme(theme, *frmThemes::View);
-    DiagramReaderView view(main.operations());
+    ReaderView view;
     OpenLANFile(words[1], main.operations(), view);
     Form<frmDevice>::instance().PopulateLockBoxes();
     takeTheme(main, theme, words[2]);
