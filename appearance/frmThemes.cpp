@@ -2,6 +2,7 @@
 #include "appearance/frmThemes.h"
 
 #include "appearance/colours.h"
+#include "appearance/theme.h"
 #include "forms/controls.h"
 #include "forms/numberlist.h"
 #include "runtime/error.h"
@@ -13,21 +14,18 @@
 #include <QPushButton>
 
 namespace vnb {
-
-ThemeView *frmThemes::View = nullptr;
-
 namespace {
 
 /// The theme in force, the user's own colours and the grid, to go back to when another theme fails.
 class LookInForce {
 public:
-  explicit LookInForce(const ThemeView &view) : m_grid(view.hasGrid()) {
+  explicit LookInForce(const EditorView &view) : m_grid(view.hasGrid()) {
     for (const Colour *colour : allColours())
       m_colours.push_back(*colour);
   }
 
   /// Loads that theme again. What fails here failed before as well, and was told then.
-  void restore(ThemeView &view) const {
+  void restore(EditorView &view) const {
     try {
       LoadTheme(m_file, view);
     } catch (const RuntimeError &) {
@@ -63,7 +61,8 @@ const XmlElement *firstChild(const XmlElement &parent, QStringView tagName) {
 
 } // namespace
 
-frmThemes::frmThemes() : FormWindow("frmThemes", "Themes", {7125, 3195}) {
+frmThemes::frmThemes(EditorView &view)
+    : FormWindow("frmThemes", "Themes", {7125, 3195}), m_view(view) {
   addLabel(*this, QStringLiteral("lblCurrent"), QStringLiteral("Current theme:"),
            {75, 75, 1515, 195});
   m_lblCurTheme = addLabel(*this, QStringLiteral("lblCurTheme"), QStringLiteral("Default"),
@@ -161,11 +160,11 @@ void frmThemes::cmdSwitch_Click() {
     tell(QStringLiteral("Pick a theme in the list first."));
     return;
   }
-  const LookInForce earlier(*View);
+  const LookInForce earlier(m_view);
   try {
-    LoadTheme(selected(), *View);
+    LoadTheme(selected(), m_view);
   } catch (const RuntimeError &error) {
-    earlier.restore(*View);
+    earlier.restore(m_view);
     tell(QStringLiteral("The theme \"%1\" can't be loaded.\n%2")
              .arg(selected(), error.description()));
   }

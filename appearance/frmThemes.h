@@ -2,7 +2,7 @@
 /// The theme picker: what lies in the themes folder, what a theme says of itself, and the switch.
 #pragma once
 
-#include "appearance/theme.h"
+#include "appearance/editorview.h"
 #include "forms/form.h"
 
 class QLabel;
@@ -14,12 +14,10 @@ class NumberList;
 
 class frmThemes : public FormWindow {
 public:
-  frmThemes();
-  void Form_Load();
-  void UpdateColors();
-
-  /// What a switch of the theme changes. To be set before the form is used.
-  static ThemeView *View;
+  /// `view` takes the themes.
+  explicit frmThemes(EditorView &view);
+  void Form_Load() override;
+  void UpdateColors() override;
 
 private:
   void lstThemes_Click();
@@ -28,6 +26,7 @@ private:
   void showUnreadable(const QString &reason);
   QString selected() const;
 
+  EditorView &m_view;
   QLabel *m_lblCurTheme;
   NumberList *m_lstThemes;
   QLabel *m_lblName;

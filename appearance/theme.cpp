@@ -122,7 +122,7 @@ QString nameOf(const QString &path) {
   return name;
 }
 
-void readColours(const XmlElement &entries, ThemeView &view) {
+void readColours(const XmlElement &entries, EditorView &view) {
   for (const XmlElement &entry : entries.children()) {
     const auto name = entry.getAttribute(u"for");
     const auto colour = entry.getAttribute(u"color");
@@ -202,7 +202,7 @@ QString themePath(const QString &name) {
   return themesFolder() + u'/' + name + QStringLiteral("/theme.xml");
 }
 
-void LoadTheme(const QString &sFileName, ThemeView &view) {
+void LoadTheme(const QString &sFileName, EditorView &view) {
   const bool fullPath = sFileName.contains(u':') || sFileName.startsWith(u'/');
   ThemeFile = fullPath ? sFileName : themePath(sFileName);
   ThemeName = nameOf(ThemeFile);

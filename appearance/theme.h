@@ -2,6 +2,7 @@
 /// Themes: folders that restyle the whole program. Their file stands in docs/themes.md.
 #pragma once
 
+#include "appearance/editorview.h"
 #include "appearance/globals.h"
 
 #include <QString>
@@ -13,29 +14,6 @@ extern QString ThemeFile;
 /// Name of the folder that it lies in.
 extern QString ThemeName;
 
-/// What a theme changes beside the globals. The main window and its forms stand behind it.
-class ThemeView {
-public:
-  ThemeView() = default;
-  ThemeView(const ThemeView &) = delete;
-  ThemeView &operator=(const ThemeView &) = delete;
-  virtual ~ThemeView() = default;
-
-  /// LinkColor is new: all lines and the rubber band take it.
-  virtual void linkColorChanged() = 0;
-  /// The colours are new: every form takes them, whether it shows or not.
-  virtual void UpdateColors() = 0;
-  /// Gives the button of this Tag its pictures; `files` as LoadButtonImages takes them. Raises what
-  /// that raises.
-  virtual void loadButtonImages(const QString &tag, const QString &files) = 0;
-  /// DeviceImages is new: every sprite takes its picture.
-  virtual void deviceImagesChanged() = 0;
-  /// Colours wipe the grid. A switch that fails asks first whether there was one, and brings it
-  /// back.
-  virtual bool hasGrid() const { return false; }
-  virtual void redrawGrid() {}
-};
-
 /// The folder that holds the themes: `themes` beside the executable.
 QString themesFolder();
 /// The theme.xml of a folder in it.
@@ -45,7 +23,7 @@ QString themePath(const QString &name);
 /// the forms, then the pictures. A colour that the theme leaves out stays, a picture goes back to
 /// the built-in one. Raises what is wrong with the file or an image, and stops there; what was done
 /// so far stands.
-void LoadTheme(const QString &sFileName, ThemeView &view);
+void LoadTheme(const QString &sFileName, EditorView &view);
 
 /// A colour of the form #RRGGBB. The first character isn't looked at, a pair counts as far as it
 /// holds hexadecimal digits, and what is missing counts as 0.

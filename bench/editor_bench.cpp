@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the user waits for: opening, painting, scrolling, every gesture and edit, at all sizes.
 
-#include "appearance/frmThemes.h"
+#include "appearance/theme.h"
 #include "editor/frmMain.h"
 #include "lanfile/lanfile.h"
 #include "panels/frmDevice.h"
@@ -57,9 +57,9 @@ public:
   static void settle() { QApplication::processEvents(); }
 
   void showPanels(bool show) {
-    Form<frmDevice>::instance().setVisible(show);
-    Form<frmLinks>::instance().setVisible(show);
-    Form<frmSubnet>::instance().setVisible(show);
+    m_main.forms().get<frmDevice>().setVisible(show);
+    m_main.forms().get<frmLinks>().setVisible(show);
+    m_main.forms().get<frmSubnet>().setVisible(show);
     settle();
   }
   /// What the pointer does at a place of the surface.
@@ -71,7 +71,7 @@ public:
   }
   /// Picks the entry of a type in the context menu.
   void retype(std::int32_t device, std::int32_t lType) {
-    ContextMenu contextMenu(m_main.selection(), m_main.operations());
+    ContextMenu contextMenu(m_main.diagram());
     const auto menu = contextMenu.build(device, m_main);
     for (QAction *entry : menu->findChild<QMenu *>(QStringLiteral("mnuChange"))->actions())
       if (entry->text() == NameFromType(lType, true))
@@ -205,7 +205,8 @@ void newLan(benchmark::State &state) {
 void typeCharacter(benchmark::State &state) {
   bench().make(state.range(0), Shape::Normal);
   bench().select(UBound(Systems));
-  auto *box = Form<frmDevice>::instance().findChild<QLineEdit *>(QStringLiteral("txtData"));
+  auto *box =
+      bench().main().forms().get<frmDevice>().findChild<QLineEdit *>(QStringLiteral("txtData"));
   bool more = false;
   for (auto _ : state)
     box->setText((more = !more) ? QStringLiteral("text and") : QStringLiteral("text an"));
@@ -219,7 +220,7 @@ void switchTheme(benchmark::State &state) {
     light = !light;
     LoadTheme(light ? QStringLiteral(VNB_THEMES "/light/theme.xml")
                     : QStringLiteral(VNB_THEMES "/default/theme.xml"),
-              *frmThemes::View);
+              bench().main().view());
     Bench::settle();
   }
 }

@@ -19,11 +19,6 @@ float endY(const SpriteRect &sprite, double fraction) {
   return toSingle(sprite.Top + sprite.Height * fraction);
 }
 
-void call(const std::function<void()> &hook) {
-  if (hook)
-    hook();
-}
-
 } // namespace
 
 void DiagramOperations::ClearLAN() {
@@ -35,8 +30,7 @@ void DiagramOperations::ClearLAN() {
     m_surface.lneLink(0).BorderColor = LinkColor;
     m_surface.picSystem(0) = {};
     m_surface.update();
-    call(Renumbered);
-    call(Cleared);
+    m_view.lanCleared();
   });
 }
 
@@ -64,7 +58,7 @@ void DiagramOperations::AddSystem(std::int32_t lType, std::int32_t lX, std::int3
       [&] {
         // While a file is read, the reader refills them once, behind its last system.
         if (lType == SystemType::Lock && !LoadingFile)
-          call(PopulateLockBoxes);
+          m_view.PopulateLockBoxes();
       });
 }
 
@@ -166,9 +160,7 @@ void DiagramOperations::RemoveSystem(std::int32_t lIndex) {
   while (picSystem.UBound() > UBound(Systems))
     picSystem.Unload(picSystem.UBound());
   m_surface.update();
-  call(Renumbered);
-  if (SystemRemoved)
-    SystemRemoved(lIndex);
+  m_view.systemRemoved(lIndex);
   layAllLines(Report("frmMain", "RemoveSystem"));
 }
 

@@ -2,17 +2,17 @@
 /// The document operations with their view side: sprites and lines follow the records.
 #pragma once
 
+#include "appearance/editorview.h"
 #include "diagram/surface.h"
 #include "document/operations.h"
 #include "runtime/report.h"
 
-#include <functional>
-
 namespace vnb {
 
+/// What changes the LAN in the editor: each operation also brings in step what is seen of it.
 class DiagramOperations : public DocumentOperations {
 public:
-  explicit DiagramOperations(Surface &surface) : m_surface(surface) {}
+  DiagramOperations(Surface &surface, EditorView &view) : m_surface(surface), m_view(view) {}
 
   void ClearLAN() override;
   /// Past the last number that a sprite can have, reports 6; the record stands.
@@ -34,22 +34,13 @@ public:
   /// Lays both ends of line `lIndex` from its record and shows it.
   void RefreshLine(std::int32_t lIndex);
 
-  /// Refills the lock boxes of the device panel. Called when a lock is added by hand.
-  std::function<void()> PopulateLockBoxes;
-
-  /// Called when system numbers have changed their meaning: after ClearLAN and RemoveSystem.
-  std::function<void()> Renumbered;
-  /// Called by RemoveSystem, before anything is selected anew: higher numbers have closed up.
-  std::function<void(std::int32_t lIndex)> SystemRemoved;
-  /// Called after ClearLAN: nothing is selected any more.
-  std::function<void()> Cleared;
-
 private:
   bool layEnds(const Report &report, Line &line, const LinkRec &record, bool first,
                bool second) const;
   void layAllLines(const Report &report);
 
   Surface &m_surface;
+  EditorView &m_view;
 };
 
 } // namespace vnb

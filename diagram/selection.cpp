@@ -8,6 +8,15 @@
 
 namespace vnb {
 
+/// Calls `visit` with the number of each sprite that is highlighted for this reason.
+template <class Visit>
+void Selection::forEachTagged(SpriteTag tag, Visit visit) {
+  for (std::int32_t i = 0; i <= m_surface.picSystem.UBound(); ++i)
+    if (m_surface.picSystem(i).Tag == tag)
+      visit(i);
+}
+
+/// Takes off what is drawn on a sprite.
 void Selection::wipe(std::int32_t lIndex) {
   m_surface.touch(lIndex);
   m_surface.picSystem(lIndex).layer = {};
@@ -49,8 +58,7 @@ void Selection::SelectItem(std::int32_t lIndex, Colour lColour, bool bDoNotSelec
   if (!framed || bDoNotSelect)
     return;
   report([&] { lSelectedItem = lIndex; }) && report([&] { ClearAllHilites(); }) &&
-      report([&] { ClearLinkHilites(); }) && report([&] { m_panels.fillDevice(); }) &&
-      report([&] { m_panels.fillLinks(); }) && report([&] { m_panels.fillSubnets(); });
+      report([&] { ClearLinkHilites(); }) && report([&] { m_view.deviceSelected(); });
 }
 
 void Selection::Deselect() {
@@ -62,7 +70,36 @@ void Selection::Deselect() {
   m_loose.clear();
   ClearLinkHilites();
   lSelectedItem = -1;
-  m_panels.showNoDevice();
+  m_view.showNoDevice();
+}
+
+void Selection::showLock(std::int32_t box, std::int32_t lIndex) {
+  forEachTagged(yellowTag(box), [this](std::int32_t i) {
+    m_surface.picSystem(i).Tag = SpriteTag::None;
+    wipe(i);
+  });
+  if (lIndex == -1)
+    return;
+  SelectItem(lIndex, LockColor, true);
+  m_surface.picSystem(lIndex).Tag = yellowTag(box);
+}
+
+void Selection::showSubnet(std::int32_t lIndex) {
+  m_surface.picSystem(lIndex).Tag = SpriteTag::GreenDk;
+  SelectItem(lIndex, SubnetColor, true);
+}
+
+void Selection::pickSubnet(std::int32_t lIndex) {
+  forEachTagged(SpriteTag::Green, [this](std::int32_t i) { showSubnet(i); });
+  SelectItem(lIndex, SubnetSelColor, true);
+  m_surface.picSystem(lIndex).Tag = SpriteTag::Green;
+}
+
+void Selection::pickLink(std::int32_t lIndex) {
+  ClearLinkHilites();
+  Line &line = m_surface.lneLink(lIndex);
+  line.BorderColor = LinkSelColor;
+  m_surface.touch(line);
 }
 
 void Selection::ClearLinkHilites() {

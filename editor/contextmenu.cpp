@@ -59,20 +59,20 @@ void ContextMenu::addTypes(QMenu &mnuPopup, std::int32_t Index) {
     mnuType->setCheckable(true);
     mnuType->setChecked(at(Systems, Index).lType == lType);
     QObject::connect(mnuType, &QAction::triggered, mnuType,
-                     [this, lType] { m_operations.ReplaceSystem(lSelectedItem, lType); });
+                     [this, lType] { m_diagram.operations.ReplaceSystem(lSelectedItem, lType); });
   }
 }
 
 void ContextMenu::mnuLink_Click(const QString &caption, std::int32_t lLink) {
   if (confirmed(QStringLiteral("Are you sure you want to remove the l") + caption.mid(1) + u'?'))
-    m_operations.RemoveLink(lLink, false);
+    m_diagram.operations.RemoveLink(lLink, false);
   selectAgain();
 }
 
 void ContextMenu::mnuRemove_Click() {
   if (confirmed(QStringLiteral("Really remove this ") + friendlyName(lSelectedItem).toLower() +
                 u'?'))
-    m_operations.RemoveSystem(lSelectedItem);
+    m_diagram.operations.RemoveSystem(lSelectedItem);
   selectAgain();
 }
 
@@ -80,10 +80,10 @@ void ContextMenu::mnuRemove_Click() {
 /// none if the last one went.
 void ContextMenu::selectAgain() {
   constexpr Colour black = 0;
-  if (lSelectedItem > m_selection.surface().picSystem.UBound())
-    m_selection.Deselect();
+  if (lSelectedItem > m_diagram.surface.picSystem.UBound())
+    m_diagram.selection.Deselect();
   else if (lSelectedItem != -1)
-    m_selection.SelectItem(lSelectedItem, black, false);
+    m_diagram.selection.SelectItem(lSelectedItem, black, false);
 }
 
 } // namespace vnb

@@ -2,8 +2,7 @@
 /// The context menu of a device: its links, its type, its removal.
 #pragma once
 
-#include "diagram/operations.h"
-#include "diagram/selection.h"
+#include "diagram/diagramparts.h"
 
 #include <QMenu>
 
@@ -11,10 +10,10 @@
 
 namespace vnb {
 
+/// Made anew for each click of the right button, as the device and its links are then.
 class ContextMenu {
 public:
-  ContextMenu(Selection &selection, DiagramOperations &operations)
-      : m_selection(selection), m_operations(operations) {}
+  explicit ContextMenu(const DiagramParts &diagram) : m_diagram(diagram) {}
 
   /// `mnuPopup` for sprite `Index`, which is the selected device.
   std::unique_ptr<QMenu> build(std::int32_t Index, QWidget &parent);
@@ -28,8 +27,7 @@ private:
   void mnuLink_Click(const QString &caption, std::int32_t lLink);
   void selectAgain();
 
-  Selection &m_selection;
-  DiagramOperations &m_operations;
+  DiagramParts m_diagram;
 };
 
 } // namespace vnb

@@ -3,9 +3,9 @@
 
 #include "appearance/colours.h"
 #include "appearance/frmThemes.h"
+#include "appearance/theme.h"
 #include "editor/frmToolbox.h"
 #include "lanfile/lanfile.h"
-#include "panels/context.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
 #include "panels/frmLinks.h"
@@ -51,8 +51,10 @@ bool askForFile(QWidget &owner, const char *title, bool save) {
 /// The reader's view on the whole editor.
 class EditorReaderView : public ReaderView {
 public:
-  void headerRead(HeaderField field) override { Form<frmLanInfo>::instance().showField(field); }
-  void populateLockBoxes() override { Form<frmDevice>::instance().PopulateLockBoxes(); }
+  explicit EditorReaderView(FormTable &forms) : m_forms(forms) {}
+
+  void headerRead(HeaderField field) override { m_forms.get<frmLanInfo>().showField(field); }
+  void populateLockBoxes() override { m_forms.get<frmDevice>().PopulateLockBoxes(); }
 
   /// Events need a turn from time to time, not at each of a hundred thousand lines.
   void yield() override {
@@ -64,6 +66,7 @@ public:
   }
 
 private:
+  FormTable &m_forms;
   QElapsedTimer m_sinceLast;
 };
 
@@ -71,11 +74,17 @@ private:
 
 frmMain::frmMain()
     : m_toolbar(this, [this](std::size_t index) { buttonClicked(index); }), m_viewport(*this),
-      m_operations(m_viewport.picLayout()), m_selection(m_viewport.picLayout(), *this),
-      m_gestures(*this, m_selection, m_operations, m_toolbar),
-      m_contextMenu(m_selection, m_operations),
-      m_shortcuts(
-          *this, [this](int KeyCode, Qt::KeyboardModifiers Shift) { Form_KeyUp(KeyCode, Shift); }) {
+      m_operations(m_viewport.picLayout(), *this),
+      m_selection(m_viewport.picLayout(), *this), m_diagram{m_viewport.picLayout(), m_selection,
+                                                            m_operations},
+      m_gestures(*this, m_diagram, m_toolbar), m_contextMenu(m_diagram),
+      m_shortcuts(*this,
+                  [this](int KeyCode, Qt::KeyboardModifiers Shift) { Form_KeyUp(KeyCode, Shift); }),
+      m_forms({FormTable::row<frmAbout>(), FormTable::row<frmDevice>(m_diagram),
+               FormTable::row<frmLanInfo>(), FormTable::row<frmLinks>(m_diagram),
+               FormTable::row<frmSettings>(view()), FormTable::row<frmSplash>(),
+               FormTable::row<frmSubnet>(m_diagram), FormTable::row<frmThemes>(view()),
+               FormTable::row<frmToolbox>(m_operations, m_gestures)}) {
   setObjectName(QStringLiteral("frmMain"));
   setMouseTracking(true);
   setAttribute(Qt::WA_AlwaysShowToolTips); // also while a panel has the keys
@@ -83,30 +92,10 @@ frmMain::frmMain()
   setFocus(); // not the first button: nothing is marked until Tab is pressed
   resize(designSize);
   m_gestures.openMenu = [this](std::int32_t Index, QPoint global) { openMenu(Index, global); };
-  m_operations.Cleared = [] {
-    if (Form<frmDevice>::isLoaded()) {
-      Form<frmDevice>::instance().showNoDevice();
-      Form<frmDevice>::instance().PopulateLockBoxes(); // a new LAN has none of the locks listed
-    }
-    if (Form<frmLinks>::isLoaded())
-      Form<frmLinks>::instance().showNoDevice();
-    if (Form<frmSubnet>::isLoaded())
-      Form<frmSubnet>::instance().showNoDevice();
-  };
-  m_operations.SystemRemoved = [](std::int32_t lIndex) {
-    if (Form<frmDevice>::isLoaded())
-      Form<frmDevice>::instance().systemRemoved(lIndex);
-  };
-  m_operations.PopulateLockBoxes = [] { Form<frmDevice>::instance().PopulateLockBoxes(); };
-  panelContext = {.selection = &m_selection, .operations = &m_operations};
-  frmToolbox::Operations = &m_operations;
-  frmToolbox::Drops = &m_gestures;
-  frmThemes::View = this;
-  frmSettings::LinkColorChanged = [this] { linkColorChanged(); };
 }
 
 void frmMain::Form_Load() {
-  frmSplash &splash = Form<frmSplash>::instance();
+  frmSplash &splash = m_forms.get<frmSplash>();
   reported(
       "frmMain", "Form_Load",
       [&] {
@@ -139,8 +128,7 @@ void frmMain::Form_Load() {
           openFile(Cdlg.FileName, true);
         DoEvents();
       },
-      [this] { showOnScreen(); }, [&] { splash.hide(); },
-      [] { Form<frmDevice>::instance().PopulateLockBoxes(); });
+      [this] { showOnScreen(); }, [&] { splash.hide(); }, [this] { PopulateLockBoxes(); });
 }
 
 /// Moves the frame's corner to a stored place, or brings it back from one where no title bar could
@@ -179,12 +167,7 @@ void frmMain::closeEvent(QCloseEvent *event) {
 
 void frmMain::Form_Unload() {
   SaveSettings(*this);
-  Form<frmAbout>::unload();
-  Form<frmDevice>::unload();
-  Form<frmLanInfo>::unload();
-  Form<frmLinks>::unload();
-  Form<frmSubnet>::unload();
-  Form<frmToolbox>::unload();
+  m_forms.unload();
   QCoreApplication::quit();
 }
 
@@ -276,11 +259,11 @@ void frmMain::picLoad_Click() {
 }
 
 void frmMain::openFile(const QString &sFileName, bool bTakeYourTime) {
-  EditorReaderView view;
+  EditorReaderView view(m_forms);
   OpenLANFile(sFileName, m_operations, view, bTakeYourTime);
   // A reading that was given up has left the boxes of the fields behind alone.
-  if (Form<frmLanInfo>::isLoaded())
-    Form<frmLanInfo>::instance().showHeader();
+  if (auto *panel = m_forms.loaded<frmLanInfo>())
+    panel->showHeader();
 }
 
 void frmMain::picSave_Click() {
@@ -292,7 +275,7 @@ void frmMain::picSave_Click() {
 
 template <class F>
 void frmMain::showPanel(const char *procedure) {
-  reported("frmMain", procedure, [this] { Form<F>::instance().showOwned(this); });
+  reported("frmMain", procedure, [this] { m_forms.get<F>().showOwned(this); });
 }
 
 void frmMain::picAdd_Click() {
@@ -313,17 +296,17 @@ void frmMain::picSubnet_Click() {
 }
 
 void frmMain::picThemes_Click() {
-  Form<frmThemes>::instance().showModal(nullptr);
+  m_forms.get<frmThemes>().showModal(nullptr);
 }
 
 void frmMain::picSettings_Click() {
-  Form<frmSettings>::instance().Form_Load();
-  Form<frmSettings>::instance().showModal(this);
+  m_forms.get<frmSettings>().Form_Load();
+  m_forms.get<frmSettings>().showModal(this);
   redrawGrid();
 }
 
 void frmMain::picAbout_Click() {
-  reported("frmMain", "picAbout_Click", [this] { Form<frmAbout>::instance().showModal(this); });
+  reported("frmMain", "picAbout_Click", [this] { m_forms.get<frmAbout>().showModal(this); });
 }
 
 void frmMain::redrawGrid() {
@@ -343,16 +326,9 @@ void frmMain::templateColorChanged() {
   picLayout().lneLink(0).BorderColor = LinkColor;
 }
 
-/// A form that isn't there yet is made by being addressed.
 void frmMain::UpdateColors() {
-  Form<frmDevice>::instance().UpdateColors();
-  Form<frmLanInfo>::instance().UpdateColors();
-  Form<frmLinks>::instance().UpdateColors();
+  m_forms.UpdateColors();
   updateOwnColors();
-  Form<frmSettings>::instance().UpdateColors();
-  Form<frmSubnet>::instance().UpdateColors();
-  Form<frmThemes>::instance().UpdateColors();
-  Form<frmToolbox>::instance().UpdateColors();
 }
 
 void frmMain::updateOwnColors() {
@@ -363,25 +339,49 @@ void frmMain::updateOwnColors() {
   m_viewport.UpdateColors();
 }
 
-void frmMain::fillDevice() {
-  Form<frmDevice>::instance().selectionFill();
+/// In the order in which they are filled. One that has been closed is made: filling it is what
+/// frames the locks and subnets.
+template <class Visit>
+void frmMain::forEachDevicePanel(Visit visit) {
+  visit(m_forms.get<frmDevice>());
+  visit(m_forms.get<frmLinks>());
+  visit(m_forms.get<frmSubnet>());
 }
-void frmMain::fillLinks() {
-  Form<frmLinks>::instance().selectionFill();
-}
-void frmMain::fillSubnets() {
-  Form<frmSubnet>::instance().selectionFill(lSelectedItem);
+
+void frmMain::deviceSelected() {
+  const Report report("frmMain", "SelectItem");
+  bool goOn = true;
+  forEachDevicePanel(
+      [&](DevicePanel &panel) { goOn = goOn && report([&] { panel.selectionFill(); }); });
 }
 
 void frmMain::showNoDevice() {
-  Form<frmDevice>::instance().showNoDevice();
-  Form<frmLinks>::instance().showNoDevice();
-  Form<frmSubnet>::instance().showNoDevice();
+  forEachDevicePanel([](DevicePanel &panel) { panel.showNoDevice(); });
+}
+
+void frmMain::lanCleared() {
+  m_gestures.endLinking();
+  m_forms.forEachLoaded([](FormWindow &form) {
+    if (auto *panel = dynamic_cast<DevicePanel *>(&form))
+      panel->showNoDevice();
+  });
+  if (auto *panel = m_forms.loaded<frmDevice>())
+    panel->PopulateLockBoxes(); // a new LAN has none of the locks listed
+}
+
+void frmMain::systemRemoved(std::int32_t lIndex) {
+  m_gestures.endLinking();
+  if (auto *panel = m_forms.loaded<frmDevice>())
+    panel->systemRemoved(lIndex);
+}
+
+void frmMain::PopulateLockBoxes() {
+  m_forms.get<frmDevice>().PopulateLockBoxes();
 }
 
 void frmMain::loadButtonImages(const QString &tag, const QString &files) {
   m_toolbar.loadImages(tag, files);
-  Form<frmSubnet>::instance().loadImages(tag, files);
+  m_forms.get<frmSubnet>().loadImages(tag, files);
 }
 
 void frmMain::deviceImagesChanged() {

@@ -2,13 +2,13 @@
 /// The main window: the centre of the program.
 #pragma once
 
-#include "appearance/theme.h"
-#include "diagram/operations.h"
+#include "diagram/diagramparts.h"
 #include "diagram/viewport.h"
 #include "editor/contextmenu.h"
 #include "editor/gestures.h"
 #include "editor/shortcuts.h"
 #include "editor/toolbar.h"
+#include "forms/formtable.h"
 #include "shell/settings.h"
 
 #include <QWidget>
@@ -17,7 +17,8 @@
 
 namespace vnb {
 
-class frmMain : public QWidget, private ThemeView, private SettingsView, private SelectionPanels {
+/// Owns all that the user works with, and hands down what the forms need of it.
+class frmMain : public QWidget, private EditorView, private SettingsView {
 public:
   /// The window in its design state, hidden.
   frmMain();
@@ -30,6 +31,9 @@ public:
   Surface &picLayout() { return m_viewport.picLayout(); }
   DiagramOperations &operations() { return m_operations; }
   Selection &selection() { return m_selection; }
+  EditorView &view() { return *this; }
+  const DiagramParts &diagram() const { return m_diagram; }
+  FormTable &forms() { return m_forms; }
 
   void picNew_Click();
   void picLoad_Click();
@@ -69,10 +73,13 @@ private:
   bool isBare(QPoint at) const;
   void openMenu(std::int32_t Index, QPoint global);
 
-  void fillDevice() override;
-  void fillLinks() override;
-  void fillSubnets() override;
+  template <class Visit>
+  void forEachDevicePanel(Visit visit);
+  void deviceSelected() override;
   void showNoDevice() override;
+  void systemRemoved(std::int32_t lIndex) override;
+  void lanCleared() override;
+  void PopulateLockBoxes() override;
 
   void linkColorChanged() override;
   void UpdateColors() override;
@@ -96,9 +103,11 @@ private:
   Viewport m_viewport;
   DiagramOperations m_operations;
   Selection m_selection;
+  DiagramParts m_diagram;
   Gestures m_gestures;
   ContextMenu m_contextMenu;
   Shortcuts m_shortcuts;
+  FormTable m_forms;
 };
 
 } // namespace vnb

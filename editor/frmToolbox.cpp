@@ -19,10 +19,6 @@
 #include <array>
 
 namespace vnb {
-
-DocumentOperations *frmToolbox::Operations = nullptr;
-Gestures *frmToolbox::Drops = nullptr;
-
 namespace {
 
 /// The list; a type is its position plus 2.
@@ -55,7 +51,9 @@ void refuse() {
 
 } // namespace
 
-frmToolbox::frmToolbox() : FormWindow("frmToolbox", "Toolbox", {3540, 1290}) {
+frmToolbox::frmToolbox(DocumentOperations &operations, Gestures &gestures)
+    : FormWindow("frmToolbox", "Toolbox", {3540, 1290}), m_operations(operations),
+      m_gestures(gestures) {
   m_cboItem = add<DropDown>(*this, QStringLiteral("cboItem"));
   // For assistive technology, which takes a drop-down list's name from its value.
   QLabel *lblItem = addLabel(*this, QStringLiteral("lblItem"), QStringLiteral("Device type:"), {});
@@ -125,7 +123,7 @@ void frmToolbox::cmdAdd_Click() {
       refuse();
       return;
     }
-    Operations->AddSystem(chosenType(), 0, 0, 1, -1, -1, -1, {});
+    m_operations.AddSystem(chosenType(), 0, 0, 1, -1, -1, -1, {});
   });
 }
 
@@ -138,10 +136,10 @@ void frmToolbox::picPreview_MouseDown(Qt::MouseButton Button, QPoint at, QPoint 
                             .grab = at,
                             .drop =
                                 [this, at](QWidget &target, QPoint place) {
-                                  if (!Drops->takesDrops(target))
+                                  if (!m_gestures.takesDrops(target))
                                     return;
                                   if (mayAdd())
-                                    Drops->dropDevice(target, place, chosenType(), at);
+                                    m_gestures.dropDevice(target, place, chosenType(), at);
                                   else
                                     refuse();
                                 }},

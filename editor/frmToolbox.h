@@ -13,13 +13,10 @@ class PictureBox;
 
 class frmToolbox : public FormWindow {
 public:
-  frmToolbox();
-  void Form_Load();
-  void UpdateColors();
-
-  /// What adds devices to the LAN. To be set before the form is used.
-  static DocumentOperations *Operations;
-  static Gestures *Drops;
+  /// Devices are added by `operations`, and dropped by `gestures`.
+  frmToolbox(DocumentOperations &operations, Gestures &gestures);
+  void Form_Load() override;
+  void UpdateColors() override;
 
 protected:
   void paintEvent(QPaintEvent *event) override;
@@ -32,6 +29,8 @@ private:
   std::int32_t chosenType() const;
   bool mayAdd() const;
 
+  DocumentOperations &m_operations;
+  Gestures &m_gestures;
   DropDown *m_cboItem;
   PictureBox *m_picPreview;
 };

@@ -8,12 +8,9 @@
 
 namespace vnb {
 
-Gestures::Gestures(QWidget &form, Selection &selection, DiagramOperations &operations,
-                   Toolbar &toolbar)
-    : m_form(form), m_surface(selection.surface()), m_selection(selection),
-      m_operations(operations), m_toolbar(toolbar) {
-  m_surface.events = this;
-  m_operations.Renumbered = [this] { endLinking(); };
+Gestures::Gestures(QWidget &form, const DiagramParts &diagram, Toolbar &toolbar)
+    : m_form(form), m_diagram(diagram), m_toolbar(toolbar) {
+  m_diagram.surface.events = this;
 }
 
 void Gestures::picSystem_MouseDown(std::int32_t Index, Qt::MouseButton Button, QPoint at,
@@ -26,35 +23,35 @@ void Gestures::picSystem_MouseDown(std::int32_t Index, Qt::MouseButton Button, Q
           return;
         lDragX = at.x();
         lDragY = at.y();
-        m_surface.releasePointer();
+        m_diagram.surface.releasePointer();
         Drag::instance().begin(
-            {.widget = &m_surface,
-             .size = m_surface.spriteRect(Index).size(),
+            {.widget = &m_diagram.surface,
+             .size = m_diagram.surface.spriteRect(Index).size(),
              .grab = at,
              .drop = [this, Index](QWidget &target,
                                    QPoint place) { dropSystem(target, place, Index); }},
             global);
       },
-      [&] { m_selection.SelectItem(Index, SelectedColor, false); });
+      [&] { m_diagram.selection.SelectItem(Index, SelectedColor, false); });
 }
 
 bool Gestures::takesDrops(const QWidget &target) const {
-  return &target == &m_surface || &target == &m_form;
+  return &target == &m_diagram.surface || &target == &m_form;
 }
 
 const char *Gestures::dropProcedure(const QWidget &target, QPoint at) const {
   if (&target == &m_form)
     return "Form_DragDrop";
-  return m_surface.spriteAt(at) >= 0 ? "picSystem_DragDrop" : "picLayout_DragDrop";
+  return m_diagram.surface.spriteAt(at) >= 0 ? "picSystem_DragDrop" : "picLayout_DragDrop";
 }
 
 /// A drop on a sprite comes to the same as one on the surface beneath it: its place plus the
 /// sprite's. The form's coordinates are taken for the surface's as they come.
 void Gestures::dropSystem(QWidget &target, QPoint at, std::int32_t Index) {
-  if (!takesDrops(target) || Index > m_surface.picSystem.UBound())
+  if (!takesDrops(target) || Index > m_diagram.surface.picSystem.UBound())
     return;
   reported("frmMain", dropProcedure(target, at),
-           [&] { m_operations.MoveSystem(Index, at.x() - lDragX, at.y() - lDragY); });
+           [&] { m_diagram.operations.MoveSystem(Index, at.x() - lDragX, at.y() - lDragY); });
 }
 
 void Gestures::dropDevice(QWidget &target, QPoint at, std::int32_t lType, QPoint grab) {
@@ -62,7 +59,7 @@ void Gestures::dropDevice(QWidget &target, QPoint at, std::int32_t lType, QPoint
     return;
   reported("frmMain", dropProcedure(target, at), [&] {
     const QPoint corner = at - grab;
-    m_operations.AddSystem(lType, corner.x(), corner.y(), 1, -1, -1, -1, {});
+    m_diagram.operations.AddSystem(lType, corner.x(), corner.y(), 1, -1, -1, -1, {});
   });
 }
 
@@ -78,7 +75,7 @@ void Gestures::picSystem_DblClick(std::int32_t Index) {
 }
 
 void Gestures::startLink(std::int32_t Index) {
-  const SpriteRect sprite = m_surface.spriteRect(Index);
+  const SpriteRect sprite = m_diagram.surface.spriteRect(Index);
   bLinking = true;
   lLinkX = roundToLong(sprite.Left + sprite.Width / 2.0);
   lLinkY = roundToLong(sprite.Top + sprite.Height / 2.0);
@@ -86,34 +83,34 @@ void Gestures::startLink(std::int32_t Index) {
 }
 
 void Gestures::finishLink(std::int32_t Index) {
-  m_operations.AddLink(lLinkFrom, 0.5, 0.5, Index, 0.5, 0.5, 1);
+  m_diagram.operations.AddLink(lLinkFrom, 0.5, 0.5, Index, 0.5, 0.5, 1);
   endLinking();
 }
 
 void Gestures::endLinking() {
-  m_surface.touch(m_surface.lneXOR);
-  m_surface.lneXOR.Visible = false;
+  m_diagram.surface.touch(m_diagram.surface.lneXOR);
+  m_diagram.surface.lneXOR.Visible = false;
   bLinking = false;
 }
 
 void Gestures::moveBand(QPoint end, bool show) {
-  Line &band = m_surface.lneXOR;
+  Line &band = m_diagram.surface.lneXOR;
   if (band.Visible)
-    m_surface.touch(band);
+    m_diagram.surface.touch(band);
   band.X1 = static_cast<float>(lLinkX);
   band.Y1 = static_cast<float>(lLinkY);
   band.X2 = static_cast<float>(end.x());
   band.Y2 = static_cast<float>(end.y());
   band.Visible = band.Visible || show;
   if (band.Visible)
-    m_surface.touch(band);
+    m_diagram.surface.touch(band);
 }
 
 void Gestures::picSystem_MouseMove(std::int32_t Index, QPoint at) {
   reported("frmMain", "picSystem_MouseMove", [&] {
     m_toolbar.setStatus(deviceName(Index));
     if (bLinking)
-      moveBand(at + m_surface.spriteRect(Index).topLeft(), false);
+      moveBand(at + m_diagram.surface.spriteRect(Index).topLeft(), false);
   });
 }
 
@@ -131,7 +128,7 @@ void Gestures::picSystem_MouseUp(std::int32_t Index, Qt::MouseButton Button, QPo
 }
 
 void Gestures::picLayout_Click() {
-  reported("frmMain", "picLayout_Click", [this] { m_selection.Deselect(); });
+  reported("frmMain", "picLayout_Click", [this] { m_diagram.selection.Deselect(); });
 }
 
 } // namespace vnb

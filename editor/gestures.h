@@ -2,8 +2,7 @@
 /// What the pointer does to the diagram: select, move, link, add from the toolbox.
 #pragma once
 
-#include "diagram/operations.h"
-#include "diagram/selection.h"
+#include "diagram/diagramparts.h"
 #include "diagram/surfaceevents.h"
 #include "editor/toolbar.h"
 
@@ -16,7 +15,7 @@ namespace vnb {
 class Gestures : public SurfaceEvents {
 public:
   /// `form` is the main window.
-  Gestures(QWidget &form, Selection &selection, DiagramOperations &operations, Toolbar &toolbar);
+  Gestures(QWidget &form, const DiagramParts &diagram, Toolbar &toolbar);
 
   void picSystem_MouseDown(std::int32_t Index, Qt::MouseButton Button, QPoint at,
                            QPoint global) override;
@@ -49,9 +48,7 @@ private:
   void moveBand(QPoint end, bool show);
 
   QWidget &m_form;
-  Surface &m_surface;
-  Selection &m_selection;
-  DiagramOperations &m_operations;
+  DiagramParts m_diagram;
   Toolbar &m_toolbar;
 
   bool bLinking = false;

@@ -91,8 +91,8 @@ void FormWindow::closeEvent(QCloseEvent *event) {
 void FormWindow::retire() {
   hide();
   setEnabled(false);
-  if (m_release != nullptr)
-    m_release();
+  if (m_retired)
+    m_retired();
   if (m_modalLoop != nullptr)
     m_modalLoop->quit();
   deleteLater();

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-/// Forms: windows with one default instance each, made hidden when first addressed and destroyed by
-/// their close box.
+/// Forms: the program's windows.
 #pragma once
 
-#include <QPointer>
 #include <QWidget>
+
+#include <functional>
 
 class QEventLoop;
 
@@ -14,9 +14,9 @@ namespace vnb {
 /// design, whatever the desktop's is.
 QFont formFont(qreal pointSize);
 
-/// What all forms but the main window have in common. A form T derives from it, has its design
-/// state after construction, and a member `void Form_Load()`. None of its controls takes a letter
-/// with Alt or Meta for text: such keys are the main window's.
+/// What all forms but the main window have in common. After construction a form has its design
+/// state. None of its controls takes a letter with Alt or Meta for text: such keys are the main
+/// window's.
 class FormWindow : public QWidget {
 public:
   /// `caption` is the title, `client` the size of the client area in twips.
@@ -27,6 +27,11 @@ public:
   /// Shows the form and returns when it is closed; other windows are inert meanwhile.
   void showModal(QWidget *owner);
 
+  /// Brings a form that has just been made to the program's state.
+  virtual void Form_Load() {}
+  /// Takes the theme's colours. Only a form that takes part in theming has one of its own.
+  virtual void UpdateColors() {}
+
 protected:
   /// Refused while a box or a dialog is up: it may be one of this form's handlers that asks.
   void closeEvent(QCloseEvent *event) override;
@@ -34,48 +39,18 @@ protected:
   void keyPressEvent(QKeyEvent *event) override;
 
 private:
-  template <class T>
-  friend class Form;
+  friend class FormTable;
 
   /// Ends the form: it takes no input any more, not even what is queued, and goes with the next
   /// turn of the event loop.
   void retire();
 
-  void (*m_release)() = nullptr; // lets go of the default instance
+  std::function<void()> m_retired; // the next one that is addressed is another one
   QEventLoop *m_modalLoop = nullptr;
 };
 
 /// Sets a control's place, in twips, within its parent. A text that is longer than its room in the
 /// font at hand gets more: to the right, or to the left if it is aligned to the right.
 void place(QWidget &control, int left, int top, int width, int height);
-
-/// The default instance of form `T`.
-template <class T>
-class Form {
-public:
-  /// The form, made and loaded now if it isn't there.
-  static T &instance() {
-    if (!pointer()) {
-      pointer() = new T;
-      pointer()->m_release = [] { pointer() = nullptr; };
-      pointer()->Form_Load();
-    }
-    return *pointer();
-  }
-
-  static bool isLoaded() { return pointer(); }
-
-  /// Closes the form. Does nothing if it isn't loaded.
-  static void unload() {
-    if (pointer())
-      pointer()->retire();
-  }
-
-private:
-  static QPointer<T> &pointer() {
-    static QPointer<T> instance;
-    return instance;
-  }
-};
 
 } // namespace vnb

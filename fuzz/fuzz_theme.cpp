@@ -18,7 +18,7 @@ namespace {
 using namespace vnb;
 
 /// The forms' side of a load: buttons of every tag, nothing else.
-class View : public ThemeView {
+class View : public EditorView {
 public:
   void linkColorChanged() override { require(!m_coloured, "lines take their colour first"); }
   void UpdateColors() override { m_coloured = true; }

@@ -11,8 +11,9 @@ constexpr int margin = 60; // twips
 
 } // namespace
 
-DevicePanel::DevicePanel(const char *name, const char *caption, QSize client, const char *container)
-    : FormWindow(name, caption, client),
+DevicePanel::DevicePanel(const DiagramParts &diagram, const char *name, const char *caption,
+                         QSize client, const char *container)
+    : FormWindow(name, caption, client), m_diagram(diagram),
       m_container(add<QWidget>(*this, QString::fromLatin1(container))),
       m_lblNoDevice(
           addLabel(*this, QStringLiteral("lblNoDevice"), QStringLiteral("No Device Selected"),

@@ -2,6 +2,7 @@
 /// What the three panels of the selected device share: it, or the words that there is none.
 #pragma once
 
+#include "diagram/diagramparts.h"
 #include "forms/form.h"
 
 namespace vnb {
@@ -15,16 +16,22 @@ public:
   /// would take a control that is made in a disabled container for a plain area.
   void showNoDevice();
 
+  /// Fills the panel for the device that has just been selected.
+  virtual void selectionFill() = 0;
+
 protected:
   /// `client` is the size in twips, `container` the name of what holds the controls.
-  DevicePanel(const char *name, const char *caption, QSize client, const char *container);
+  DevicePanel(const DiagramParts &diagram, const char *name, const char *caption, QSize client,
+              const char *container);
 
+  const DiagramParts &diagram() const { return m_diagram; }
   QWidget &container() { return *m_container; }
   void showDevice();
 
 private:
   void setDevice(bool device);
 
+  DiagramParts m_diagram;
   QWidget *m_container;
   QWidget *m_lblNoDevice;
 };

@@ -4,7 +4,7 @@
 #include "appearance/colours.h"
 #include "forms/dropdown.h"
 #include "forms/textbox.h"
-#include "panels/context.h"
+#include "panels/selectedsystem.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
 #include "runtime/twips.h"
@@ -59,8 +59,8 @@ QFont stretchedFont(QFont font, const QString &text, qreal width) {
 
 } // namespace
 
-frmDevice::frmDevice()
-    : DevicePanel("frmDevice", "Device Properties", {4680, 1590}, "picProperties") {
+frmDevice::frmDevice(const DiagramParts &diagram)
+    : DevicePanel(diagram, "frmDevice", "Device Properties", {4680, 1590}, "picProperties") {
   addCommon();
   addGroups();
   showNoDevice();
@@ -238,7 +238,7 @@ void frmDevice::PopulateLockBoxes() {
     for (std::int32_t i = 0; i < lockBoxes; ++i) {
       m_cboLock[static_cast<std::size_t>(i)]->setCurrentIndex(hasNone(i) ? 0 : -1);
       if (hasNone(i))
-        dropFrames(i);
+        diagram().selection.showLock(i, -1);
     }
   });
 }
@@ -252,14 +252,6 @@ LockRows &frmDevice::rows(std::int32_t box) {
   return hasNone(box) ? m_noneAndLockRows : m_lockRows;
 }
 
-void frmDevice::dropFrames(std::int32_t Index) {
-  Selection &selection = *panelContext.selection;
-  selection.forEachTagged(yellowTag(Index), [&](std::int32_t i) {
-    selection.surface().picSystem(i).Tag = SpriteTag::None;
-    selection.wipe(i);
-  });
-}
-
 void frmDevice::cboLock_Click(std::int32_t Index) {
   const int row = m_cboLock[static_cast<std::size_t>(Index)]->currentIndex();
   if (row < 0 || lSelectedItem == -1)
@@ -268,13 +260,8 @@ void frmDevice::cboLock_Click(std::int32_t Index) {
   reported("frmDevice", "cboLock_Click", [&] {
     if (!lock)
       throw RuntimeError(Fault::ControlArrayElement);
-    dropFrames(Index);
     lockField(Index) = *lock;
-    if (*lock == -1)
-      return;
-    Selection &selection = *panelContext.selection;
-    selection.SelectItem(*lock, LockColor, true);
-    selection.surface().picSystem(*lock).Tag = yellowTag(Index);
+    diagram().selection.showLock(Index, *lock);
   });
   if (!lock)
     Choose(Index, lockField(Index)); // what is stored, and not the row of a lock that is gone
@@ -305,7 +292,7 @@ void frmDevice::txtData_Change() {
     if (!text.isEmpty() && entry != -1)
       at(DataItems, entry).sText = text;
     else if (!text.isEmpty())
-      panelContext.operations->AddData(device, text);
+      diagram().operations.AddData(device, text);
     else if (entry != -1)
       RemoveFromDataArray(entry);
   });

@@ -19,12 +19,10 @@ class frmDevice : public DevicePanel {
 public:
   static constexpr std::int32_t lockBoxes = 5;
 
-  frmDevice();
-  void Form_Load();
-  void UpdateColors();
-
-  /// Fills the panel for the device that has just been selected.
-  void selectionFill();
+  explicit frmDevice(const DiagramParts &diagram);
+  void Form_Load() override;
+  void UpdateColors() override;
+  void selectionFill() override;
 
   /// Refills the lock boxes with the numbers of all locks. No record changes; the boxes show no
   /// lock until a device is selected again. Reported as frmMain's.
@@ -51,7 +49,6 @@ private:
 
   LockRows &rows(std::int32_t box);
   void cboLock_Click(std::int32_t Index);
-  void dropFrames(std::int32_t Index);
   void chkLocked_Click();
   void txtFreq_Change(std::size_t Index);
   void txtPhone_Change();

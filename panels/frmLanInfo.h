@@ -14,8 +14,8 @@ class TextBox;
 class frmLanInfo : public FormWindow {
 public:
   frmLanInfo();
-  void Form_Load();
-  void UpdateColors();
+  void Form_Load() override;
+  void UpdateColors() override;
 
   /// Shows all fields of the header as they stand.
   void showHeader();

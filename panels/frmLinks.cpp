@@ -5,7 +5,6 @@
 #include "document/displaynames.h"
 #include "forms/numberlist.h"
 #include "forms/textbox.h"
-#include "panels/context.h"
 #include "runtime/messagebox.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
@@ -68,7 +67,8 @@ QFrame *addFrame(QWidget &parent, const char *name, Place at) {
 
 } // namespace
 
-frmLinks::frmLinks() : DevicePanel("frmLinks", "Links", {6360, 2025}, "picLinks") {
+frmLinks::frmLinks(const DiagramParts &diagram)
+    : DevicePanel(diagram, "frmLinks", "Links", {6360, 2025}, "picLinks") {
   addList();
   m_optSecur = new SecurityOptions(container(), {5145, 300, 315, 270});
   addPicker();
@@ -187,14 +187,9 @@ void frmLinks::lstLinks_Click() {
   LinkRec *const link = currentLink();
   if (link == nullptr)
     return;
-  Selection &selection = *panelContext.selection;
   reported(
-      "frmLinks", "lstLinks_Click", [&] { selection.ClearLinkHilites(); },
-      [&] {
-        Line &line = selection.surface().lneLink(static_cast<std::int32_t>(link - Links.data()));
-        line.BorderColor = LinkSelColor;
-        selection.surface().touch(line);
-      },
+      "frmLinks", "lstLinks_Click",
+      [&] { diagram().selection.pickLink(static_cast<std::int32_t>(link - Links.data())); },
       [&] {
         if (isFirstEnd(*link))
           PositionSelect(link->dFromX, link->dFromY);
@@ -218,7 +213,7 @@ bool frmLinks::readBoxes(double &x, double &y) const {
   try {
     x = CDbl(m_txtX->text().toStdString());
     y = CDbl(m_txtY->text().toStdString());
-    const SpriteRect sprite = panelContext.selection->surface().spriteRect(lSelectedItem);
+    const SpriteRect sprite = diagram().surface.spriteRect(lSelectedItem);
     toSingle(sprite.Width * x);
     toSingle(sprite.Height * y);
     return true;
@@ -248,7 +243,7 @@ void frmLinks::optPosition_Click(int Index) {
       return;
     (isFirstEnd(*link) ? link->dFromX : link->dToX) = x;
     (isFirstEnd(*link) ? link->dFromY : link->dToY) = y;
-    panelContext.operations->RefreshLine(static_cast<std::int32_t>(link - Links.data()));
+    diagram().operations.RefreshLine(static_cast<std::int32_t>(link - Links.data()));
   });
 }
 
@@ -270,8 +265,8 @@ void frmLinks::cmdRemove_Click() {
                         .icon = MessageBox::Icon::Question,
                         .buttons = MessageBox::Buttons::YesNo}) != Answer::Yes)
       return;
-    panelContext.operations->RemoveLink(chosen.number, false);
-    panelContext.selection->ClearLinkHilites(); // another line has its number now
+    diagram().operations.RemoveLink(chosen.number, false);
+    diagram().selection.ClearLinkHilites(); // another line has its number now
     m_lstLinks->removeRow(row);
     m_lstLinks->renumber([&](std::int32_t &number) {
       if (number > chosen.number)

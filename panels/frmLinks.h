@@ -16,13 +16,11 @@ struct LinkRec;
 
 class frmLinks : public DevicePanel {
 public:
-  frmLinks();
-  void Form_Load();
-  void UpdateColors();
-
-  /// Fills the panel for the device that has just been selected; picks the first link if the panel
-  /// is on screen.
-  void selectionFill();
+  explicit frmLinks(const DiagramParts &diagram);
+  void Form_Load() override;
+  void UpdateColors() override;
+  /// Also picks the first link if the panel is on screen.
+  void selectionFill() override;
 
   /// Shows a position, as fractions of the sprite's size, in the picker and the boxes.
   void PositionSelect(double lX, double lY);

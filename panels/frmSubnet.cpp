@@ -5,7 +5,6 @@
 #include "document/displaynames.h"
 #include "forms/controls.h"
 #include "forms/numberlist.h"
-#include "panels/context.h"
 #include "runtime/report.h"
 
 namespace vnb {
@@ -46,7 +45,8 @@ std::int32_t moveRow(NumberList &from, NumberList &to) {
 
 } // namespace
 
-frmSubnet::frmSubnet() : DevicePanel("frmSubnet", "Valid Subnets", {7485, 1845}, "picSubnets") {
+frmSubnet::frmSubnet(const DiagramParts &diagram)
+    : DevicePanel(diagram, "frmSubnet", "Valid Subnets", {7485, 1845}, "picSubnets") {
   m_lblSubnets = addLabel(container(), QStringLiteral("lblSubnets"),
                           QStringLiteral("Valid subnets for #####:"), {60, 45, 7200, 195});
   m_lstSubnets = add<NumberList>(container(), QStringLiteral("lstSubnets"));
@@ -92,25 +92,22 @@ void frmSubnet::loadImages(const QString &tag, const QString &files) {
     LoadButtonImages(images().remove, *m_picRemove, files);
 }
 
-void frmSubnet::selectionFill(std::int32_t lIndex) {
+void frmSubnet::selectionFill() {
   showDevice();
-  m_lblSubnets->setText(QStringLiteral("Valid subnets for ") + deviceName(lIndex) + u':');
-  const std::vector<bool> listed = listedFor(lIndex);
+  m_lblSubnets->setText(QStringLiteral("Valid subnets for ") + deviceName(lSelectedItem) + u':');
+  const std::vector<bool> listed = listedFor(lSelectedItem);
   std::vector<NumberRow> subnets;
   std::vector<NumberRow> others;
   for (std::int32_t i = 0; i <= UBound(Systems); ++i) {
-    if (i == lIndex)
+    if (i == lSelectedItem)
       continue;
     (listed[static_cast<std::size_t>(i)] ? subnets : others)
         .push_back({.text = deviceName(i), .number = i});
   }
   m_lstSubnets->setRows(std::move(subnets));
   m_lstSystems->setRows(std::move(others));
-  Selection &selection = *panelContext.selection;
-  for (const NumberRow &row : m_lstSubnets->rows()) {
-    selection.surface().picSystem(row.number).Tag = SpriteTag::GreenDk;
-    selection.SelectItem(row.number, SubnetColor, true);
-  }
+  for (const NumberRow &row : m_lstSubnets->rows())
+    diagram().selection.showSubnet(row.number);
 }
 
 void frmSubnet::lstSubnets_Click() {
@@ -118,24 +115,14 @@ void frmSubnet::lstSubnets_Click() {
   if (row < 0)
     return;
   const std::int32_t lSystem = m_lstSubnets->rows()[static_cast<std::size_t>(row)].number;
-  Selection &selection = *panelContext.selection;
-  reported(
-      "frmSubnet", "lstSubnets_Click",
-      [&] {
-        selection.forEachTagged(SpriteTag::Green, [&](std::int32_t i) {
-          selection.surface().picSystem(i).Tag = SpriteTag::GreenDk;
-          selection.SelectItem(i, SubnetColor, true);
-        });
-      },
-      [&] { selection.SelectItem(lSystem, SubnetSelColor, true); },
-      [&] { selection.surface().picSystem(lSystem).Tag = SpriteTag::Green; });
+  reported("frmSubnet", "lstSubnets_Click", [&] { diagram().selection.pickSubnet(lSystem); });
 }
 
 void frmSubnet::picAdd_Click() {
   reported("frmSubnet", "picAdd_Click", [this] {
     const std::int32_t lSystem = moveRow(*m_lstSystems, *m_lstSubnets);
     if (lSystem != -1)
-      panelContext.operations->AddSubnet(lSelectedItem, lSystem);
+      diagram().operations.AddSubnet(lSelectedItem, lSystem);
   });
 }
 

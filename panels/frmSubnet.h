@@ -13,13 +13,11 @@ class NumberList;
 
 class frmSubnet : public DevicePanel {
 public:
-  frmSubnet();
-  void Form_Load();
-  void UpdateColors();
-
-  /// Fills the panel for device `lIndex`, which has just been selected, and frames the systems on
-  /// its list.
-  void selectionFill(std::int32_t lIndex);
+  explicit frmSubnet(const DiagramParts &diagram);
+  void Form_Load() override;
+  void UpdateColors() override;
+  /// Also frames the systems on the device's list.
+  void selectionFill() override;
 
   /// Gives the button of this Tag its pictures, if it is one of this form's.
   void loadImages(const QString &tag, const QString &files);

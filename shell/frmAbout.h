@@ -16,7 +16,6 @@ class PageButton;
 class frmAbout : public FormWindow {
 public:
   frmAbout();
-  void Form_Load() {}
 
 protected:
   /// A double click on the free area shows the third button.

@@ -2,6 +2,7 @@
 #include "shell/frmSettings.h"
 
 #include "appearance/colours.h"
+#include "appearance/globals.h"
 #include "forms/controls.h"
 #include "forms/textbox.h"
 #include "runtime/numbers.h"
@@ -13,9 +14,6 @@
 #include <QPushButton>
 
 namespace vnb {
-
-std::function<void()> frmSettings::LinkColorChanged;
-
 namespace {
 
 constexpr int digits = 3; // of the grid's distance
@@ -39,7 +37,8 @@ const std::array<SwatchRow, 7> swatches{{
 
 } // namespace
 
-frmSettings::frmSettings() : FormWindow("frmSettings", "Settings", {5295, 1650}) {
+frmSettings::frmSettings(EditorView &view)
+    : FormWindow("frmSettings", "Settings", {5295, 1650}), m_view(view) {
   m_chkGrid = addCaptioned<QCheckBox>(*this, "chkGrid", "Draw Grid", {105, 105, 1140, 180});
   QLabel *lblGridRes = addLabel(*this, QStringLiteral("lblGridRes"),
                                 QStringLiteral("Grid resolution (px):"), {390, 360, 1650, 180});
@@ -109,7 +108,7 @@ void frmSettings::cmdOK_Click() {
         LoadLastFile = m_chkLoadLast->isChecked();
         for (const std::size_t i : std::array<std::size_t, 7>{0, 5, 6, 2, 1, 3, 4})
           *swatches[i].colour = m_picColor[i]->BackColor();
-        LinkColorChanged();
+        m_view.linkColorChanged();
       });
   close();
 }

@@ -2,11 +2,10 @@
 /// The settings dialog: grid, auto-load and the seven drawing colours.
 #pragma once
 
-#include "appearance/globals.h"
+#include "appearance/editorview.h"
 #include "forms/form.h"
 
 #include <array>
-#include <functional>
 
 class QCheckBox;
 
@@ -17,12 +16,9 @@ class TextBox;
 
 class frmSettings : public FormWindow {
 public:
-  frmSettings();
-  void Form_Load();
-  void UpdateColors();
-
-  /// Called by OK: all lines and the rubber band take LinkColor. To be set before the form is used.
-  static std::function<void()> LinkColorChanged;
+  explicit frmSettings(EditorView &view);
+  void Form_Load() override;
+  void UpdateColors() override;
 
 private:
   void addSwatches();
@@ -30,6 +26,7 @@ private:
   void picColor_Click(std::size_t Index);
   void cmdOK_Click();
 
+  EditorView &m_view;
   QCheckBox *m_chkGrid;
   TextBox *m_txtGridRes;
   QCheckBox *m_chkLoadLast;

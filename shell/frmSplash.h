@@ -13,7 +13,6 @@ namespace vnb {
 class frmSplash : public FormWindow {
 public:
   frmSplash();
-  void Form_Load() {}
 
   /// Shows the form at the centre of the screen.
   void show();

@@ -20,7 +20,7 @@ protected:
   About() { form().show(); }
 
   /// What shows: "0 1 2" for the buttons, those with an open page in brackets, then logo or text.
-  static std::string shown() {
+  std::string shown() {
     std::string out;
     for (int i = 0; i < 3; ++i) {
       const auto &button =
@@ -34,9 +34,7 @@ protected:
     return control("txtAbout").isVisible() ? out + "text" : out;
   }
   static std::string macrons(qsizetype count) { return QString(count, QChar(0xAF)).toStdString(); }
-  static std::string page() {
-    return control<QPlainTextEdit>("txtAbout").toPlainText().toStdString();
-  }
+  std::string page() { return control<QPlainTextEdit>("txtAbout").toPlainText().toStdString(); }
 };
 
 TEST_F(About, ButtonsOpenTheirPageAndCloseItAgain) {
@@ -54,7 +52,7 @@ TEST_F(About, ButtonsOpenTheirPageAndCloseItAgain) {
   EXPECT_EQ(shown(), "[0] 1 text") << "straight from one to the other";
   EXPECT_THAT(page(), StartsWith("About Vantry Network Builder \n" + macrons(21) + "\nVantry"));
   QTest::keyClick(&form(), Qt::Key_Escape);
-  EXPECT_FALSE(Form<frmAbout>::isLoaded());
+  EXPECT_FALSE(isLoaded());
 }
 
 TEST_F(About, ADoubleClickOnTheFreeAreaShowsTheThirdButton) {

@@ -112,18 +112,16 @@ Words unknown(QWidget &window) {
 TEST(AccessibleControls, EachHasANameAndARole) {
   frmMain main;
   const std::vector<QWidget *> windows{&main,
-                                       &Form<frmToolbox>::instance(),
-                                       &Form<frmDevice>::instance(),
-                                       &Form<frmLinks>::instance(),
-                                       &Form<frmSubnet>::instance(),
-                                       &Form<frmLanInfo>::instance(),
-                                       &Form<frmThemes>::instance(),
-                                       &Form<frmSettings>::instance(),
-                                       &Form<frmAbout>::instance()};
+                                       &main.forms().get<frmToolbox>(),
+                                       &main.forms().get<frmDevice>(),
+                                       &main.forms().get<frmLinks>(),
+                                       &main.forms().get<frmSubnet>(),
+                                       &main.forms().get<frmLanInfo>(),
+                                       &main.forms().get<frmThemes>(),
+                                       &main.forms().get<frmSettings>(),
+                                       &main.forms().get<frmAbout>()};
   for (QWidget *window : windows)
     EXPECT_THAT(unknown(*window), IsEmpty());
-  Form<frmThemes>::unload();
-  Form<frmSettings>::unload();
 }
 
 TEST_F(AccessibleSurface, ControlsHaveTheirRolesAndActions) {
@@ -131,7 +129,7 @@ TEST_F(AccessibleSurface, ControlsHaveTheirRolesAndActions) {
     return QAccessible::queryAccessibleInterface(
         window.findChild<QWidget *>(QString::fromLatin1(control)));
   };
-  auto &device = Form<frmDevice>::instance();
+  auto &device = main.forms().get<frmDevice>();
   EXPECT_EQ(QAccessible::queryAccessibleInterface(&main)->role(), QAccessible::Window);
   main.picDevice_Click();
   EXPECT_EQ(QAccessible::queryAccessibleInterface(&device)->role(), QAccessible::Dialog);
@@ -140,10 +138,10 @@ TEST_F(AccessibleSurface, ControlsHaveTheirRolesAndActions) {
   ASSERT_EQ(labels.size(), 1);
   EXPECT_EQ(name(labels[0].first), "Lock 2:");
   const auto itemLabels =
-      of(Form<frmToolbox>::instance(), "cboItem")->relations(QAccessible::Label);
+      of(main.forms().get<frmToolbox>(), "cboItem")->relations(QAccessible::Label);
   ASSERT_EQ(itemLabels.size(), 1);
   EXPECT_EQ(name(itemLabels[0].first), "Device type:");
-  EXPECT_EQ(of(Form<frmToolbox>::instance(), "picPreview")->role(), QAccessible::Graphic);
+  EXPECT_EQ(of(main.forms().get<frmToolbox>(), "picPreview")->role(), QAccessible::Graphic);
 
   QAccessibleInterface *picNew = of(main, "picNew");
   EXPECT_EQ(picNew->role(), QAccessible::Button);
@@ -151,7 +149,6 @@ TEST_F(AccessibleSurface, ControlsHaveTheirRolesAndActions) {
   EXPECT_EQ(UBound(Systems), 2) << "not while the caller waits";
   QCoreApplication::processEvents();
   EXPECT_EQ(UBound(Systems), 0);
-  Form<frmToolbox>::unload();
 }
 
 } // namespace

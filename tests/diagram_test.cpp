@@ -35,9 +35,9 @@ int difference(const QImage &a, const QImage &b) {
   return largest;
 }
 
-class Diagram : public testing::Test {
+class Diagram : public testing::Test, protected EditorView {
 protected:
-  Diagram() : surface(nullptr), operations(surface) {
+  Diagram() : surface(nullptr), operations(surface, *this) {
     LoadDeviceImages(QString(SystemType::Last - 1, u'|'));
     LinkColor = 0xE48257;
     GridColor = 0x404040;
@@ -87,7 +87,10 @@ protected:
   Boxes boxes;
   Surface surface;
   DiagramOperations operations;
+  void PopulateLockBoxes() override { ++refills; }
+
   ReaderView view;
+  int refills = 0;
 };
 
 TEST_F(Diagram, BuiltInPicturesHaveTheirExactSizes) {
@@ -158,8 +161,6 @@ TEST_F(Diagram, PastTheLastNumberNoEndsTheReading) {
 }
 
 TEST_F(Diagram, LocksRefillTheBoxesUnlessAFileIsRead) {
-  int refills = 0;
-  operations.PopulateLockBoxes = [&] { ++refills; };
   add(2, 0, 0);
   EXPECT_EQ(refills, 0);
   add(9, 0, 0);
@@ -284,13 +285,7 @@ TEST_F(Diagram, TheBandInvertsWholePixelsAndLeavesNoTrace) {
 
 /// The window shows what a fresh painting would, after any change: nothing stays behind.
 TEST_F(Diagram, NoChangeLeavesTracesOnTheScreen) {
-  struct NoPanels : SelectionPanels {
-    void fillDevice() override {}
-    void fillLinks() override {}
-    void fillSubnets() override {}
-    void showNoDevice() override {}
-  } panels;
-  Selection selection(surface, panels);
+  Selection selection(surface, *this);
   open(sample("company.txt"));
   surface.DrawGrid();
   surface.resize(700, 500);
@@ -308,7 +303,8 @@ TEST_F(Diagram, NoChangeLeavesTracesOnTheScreen) {
       },
       [&](Device device) { link(0, device); },
       [&](Device device) {
-        operations.MoveSystem(device, static_cast<int>(random() % 700), vnb::at(Systems, device).lY);
+        operations.MoveSystem(device, static_cast<int>(random() % 700),
+                              vnb::at(Systems, device).lY);
       }};
   for (int step = 0; step < 60; ++step) {
     const auto device = static_cast<Device>(random() % Systems.size());

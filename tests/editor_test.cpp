@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Files, keys, settings and themes, as the main window takes them.
-#include "appearance/frmThemes.h"
+#include "appearance/theme.h"
 #include "gesture.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
@@ -25,7 +25,7 @@ class Editor : public Gesture {
 protected:
   Editor() {
     for (const ToolbarButton &button : toolbarButtons())
-      frmThemes::View->loadButtonImages(QString::fromLatin1(button.tag), QStringLiteral("||"));
+      main.view().loadButtonImages(QString::fromLatin1(button.tag), QStringLiteral("||"));
   }
 
   void key(Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(&main, key, modifiers); }
@@ -130,14 +130,15 @@ TEST_F(Editor, AFileFillsTheLanInformation) {
     EXPECT_THAT(answered.texts, testing::SizeIs(faults));
     std::string all;
     for (const char *name : {"txtName", "txtCompany", "txtIP", "txtX", "txtY"})
-      all += Form<frmLanInfo>::instance()
+      all += main.forms()
+                 .get<frmLanInfo>()
                  .findChild<QLineEdit *>(QString::fromLatin1(name))
                  ->text()
                  .toStdString() +
              '|';
     return all;
   };
-  Form<frmLanInfo>::instance();
+  main.forms().get<frmLanInfo>();
   EXPECT_EQ(shown({"NAME N", "COMPANY C", "IP 1", "XPOS 12345", "YPOS -7"}, 0), "N|C|1|12345|-7|")
       << "longer than what can be typed";
   EXPECT_EQ(LanHeader.XPOS, 12345) << "a filled box isn't an edited one";
@@ -165,7 +166,7 @@ TEST_F(Editor, SettingsRedrawTheGridOnEveryWayOut) {
     return surface().grab(QRect(x, 5, 1, 1)).toImage().pixelColor(0, 0) == toQColor(GridColor);
   };
   const auto settings = [this](const std::function<void(frmSettings &)> &act) {
-    QTimer::singleShot(0, &main, [act] { act(Form<frmSettings>::instance()); });
+    QTimer::singleShot(0, &main, [this, act] { act(main.forms().get<frmSettings>()); });
     main.picSettings_Click();
   };
   const auto press = [](frmSettings &form, const char *name) {
@@ -216,7 +217,7 @@ TEST_F(Editor, AThemeRestylesEverythingThatStands) {
                        "<COLOR for='separator' color='#112211'/><COLOR for='link' color='#00FF00'/>"
                        "<COLOR for='secure1' color='#004040'/></COLORS><BUTTONS/>"
                        "<DEVICES><DEVICE name='router' image='router.png'/></DEVICES></THEME>"),
-            *frmThemes::View);
+            main.view());
 
   for (const Line &line : surface().lneLink)
     EXPECT_EQ(line.BorderColor, 0x00FF00);
@@ -230,11 +231,11 @@ TEST_F(Editor, AThemeRestylesEverythingThatStands) {
     EXPECT_EQ(shown.pixelColor(x, 5), QColor(0x10, 0x20, 0x30)) << "the grid is wiped";
   EXPECT_EQ(foreground(main, "lblStatus"), "#ffeedd");
   EXPECT_EQ(main.palette().color(QPalette::Window).name(), u"#102030");
-  EXPECT_EQ(foreground(Form<frmDevice>::instance(), "lblNoDevice"), "#ff4433");
-  EXPECT_EQ(foreground(Form<frmSubnet>::instance(), "lblNoDevice"), "#ff4433");
-  EXPECT_EQ(foreground(Form<frmLinks>::instance(), "lblNoDevice"), "#ffeedd");
-  for (QWidget *form : std::initializer_list<QWidget *>{&Form<frmDevice>::instance(),
-                                                        &Form<frmLinks>::instance()}) {
+  EXPECT_EQ(foreground(main.forms().get<frmDevice>(), "lblNoDevice"), "#ff4433");
+  EXPECT_EQ(foreground(main.forms().get<frmSubnet>(), "lblNoDevice"), "#ff4433");
+  EXPECT_EQ(foreground(main.forms().get<frmLinks>(), "lblNoDevice"), "#ffeedd");
+  for (QWidget *form : std::initializer_list<QWidget *>{&main.forms().get<frmDevice>(),
+                                                        &main.forms().get<frmLinks>()}) {
     const QPalette colours = form->findChild<QWidget *>(QStringLiteral("optSecur0"))->palette();
     EXPECT_EQ(colours.color(QPalette::Button).name(), u"#004040");
     EXPECT_EQ(colours.color(QPalette::ButtonText).name(), u"#ffbfbf") << "the inverse";

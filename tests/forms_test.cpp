@@ -215,9 +215,9 @@ TEST_F(Controls, ABoxGivesTheKeysBack) {
 TEST(Labels, StandLevelWithTheirBoxes) {
   frmMain main;
   const std::vector<std::pair<QWidget *, std::vector<const char *>>> rows{
-      {&Form<frmLanInfo>::instance(), {"lblName", "lblCompany", "lblIP", "lblX", "lblY"}},
-      {&Form<frmLinks>::instance(), {"lblX", "lblY"}},
-      {&Form<frmDevice>::instance(), {"lblInfo0", "lblPhone"}}};
+      {&main.forms().get<frmLanInfo>(), {"lblName", "lblCompany", "lblIP", "lblX", "lblY"}},
+      {&main.forms().get<frmLinks>(), {"lblX", "lblY"}},
+      {&main.forms().get<frmDevice>(), {"lblInfo0", "lblPhone"}}};
   for (const auto &[form, labels] : rows)
     for (const char *name : labels) {
       const auto *label = form->findChild<QLabel *>(QString::fromLatin1(name));

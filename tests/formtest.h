@@ -2,7 +2,7 @@
 /// Verbs for the controls of forms.
 #pragma once
 
-#include "forms/form.h"
+#include "forms/formtable.h"
 #include "forms/numberlist.h"
 
 #include <gtest/gtest.h>
@@ -31,23 +31,28 @@ inline void pick(NumberList &list, int row) {
 template <class T>
 class FormTest : public testing::Test {
 protected:
-  ~FormTest() override { Form<T>::unload(); }
+  /// A form that is made of `parts`.
+  template <class... Parts>
+  explicit FormTest(Parts &...parts) : forms({FormTable::row<T>(parts...)}) {}
 
-  static T &form() { return Form<T>::instance(); }
+  T &form() { return forms.get<T>(); }
+  bool isLoaded() { return forms.loaded<T>() != nullptr; }
   template <class Control = QWidget>
-  static Control &control(const char *name) {
+  Control &control(const char *name) {
     auto *found = form().template findChild<Control *>(QString::fromLatin1(name));
     if (found == nullptr)
       throw std::invalid_argument(name);
     return *found;
   }
-  static std::string text(const char *label) { return control<QLabel>(label).text().toStdString(); }
-  static void click(const char *name) { QTest::mouseClick(&control(name), Qt::LeftButton); }
+  std::string text(const char *label) { return control<QLabel>(label).text().toStdString(); }
+  void click(const char *name) { QTest::mouseClick(&control(name), Qt::LeftButton); }
   /// The colour in the middle of a control, as it is drawn.
-  static QColor seen(const char *name) {
+  QColor seen(const char *name) {
     const QImage image = control(name).grab().toImage();
     return image.pixelColor(image.rect().center());
   }
+
+  FormTable forms;
 };
 
 } // namespace vnb::test

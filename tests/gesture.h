@@ -92,7 +92,6 @@ public:
     main.show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&main));
   }
-  ~Gesture() override { Form<frmToolbox>::unload(); }
 
   void add(std::int32_t lType, std::int32_t lX, std::int32_t lY) {
     main.operations().AddSystem(lType, lX, lY, 1, -1, -1, -1, {});
@@ -149,14 +148,14 @@ public:
   /// The toolbox beside the main window, on the entry of that position.
   frmToolbox &toolbox(int item = 0) {
     main.picAdd_Click();
-    auto &form = Form<frmToolbox>::instance();
+    auto &form = main.forms().get<frmToolbox>();
     form.move(main.width() + 10, 0);
     test::pick(*form.findChild<QComboBox *>(), item);
     QCoreApplication::processEvents();
     return form;
   }
-  static QWidget &preview() {
-    return *Form<frmToolbox>::instance().findChild<QWidget *>(QStringLiteral("picPreview"));
+  QWidget &preview() {
+    return *main.forms().get<frmToolbox>().findChild<QWidget *>(QStringLiteral("picPreview"));
   }
 
   // What is seen.
@@ -192,7 +191,7 @@ public:
   std::vector<FileDialog> dialogs;
   QString fileName; // that file dialogs answer; null to cancel
   frmMain main;
-  ContextMenu contextMenu{main.selection(), main.operations()};
+  ContextMenu contextMenu{main.diagram()};
   Pointer pointer;
 
 private:

@@ -201,8 +201,8 @@ TEST_F(Gesture, TheBandStaysAtItsDeviceWhenTheSurfaceIsScrolled) {
 TEST_F(Gesture, APressThatBringsUpABoxStartsNoDrag) {
   main.operations().AddLink(hub, .5, .5, terminal, .5, .5,
                             9); // the link panel can't show this level
-  Form<frmLinks>::instance().move(main.width() + 100, 0);
-  Form<frmLinks>::instance().show();
+  main.forms().get<frmLinks>().move(main.width() + 100, 0);
+  main.forms().get<frmLinks>().show();
   QMessageBox box;
   box.setModal(true);
   int shown = 0;
@@ -216,7 +216,6 @@ TEST_F(Gesture, APressThatBringsUpABoxStartsNoDrag) {
   press(hub);
   EXPECT_EQ(shown, 1);
   EXPECT_FALSE(Drag::instance().isActive());
-  Form<frmLinks>::unload();
 }
 
 /// A box that comes up in mid-press gets the release; the surface must not wait for it for ever.
@@ -267,10 +266,10 @@ TEST_F(Gesture, TheToolboxListsTheTypesAndStartsAtHubAtEachOpening) {
   EXPECT_EQ(preview().size(), QSize(32, 32));
   main.picAdd_Click();
   EXPECT_EQ(list.currentText(), u"Lock") << "open already: stays as it is";
-  Form<frmToolbox>::instance().close();
-  EXPECT_FALSE(Form<frmToolbox>::isLoaded());
+  main.forms().get<frmToolbox>().close();
+  EXPECT_EQ(main.forms().loaded<frmToolbox>(), nullptr);
   main.picAdd_Click();
-  auto &form = Form<frmToolbox>::instance();
+  auto &form = main.forms().get<frmToolbox>();
   EXPECT_EQ(form.findChild<QComboBox *>()->currentText(), u"Hub");
   EXPECT_EQ(preview().size(), QSize(48, 20));
   EXPECT_EQ(preview().geometry().center(), QRect(142, 8, 84, 66).center());
@@ -288,7 +287,7 @@ TEST_F(Gesture, ThePreviewIsDraggedWithTheLeftButtonWhileItsWindowStands) {
   pressIn(preview(), {1, 1}).release().pressOn();
   EXPECT_FALSE(Drag::instance().isActive()) << "a double click is one drag";
   release().pressIn(preview(), {1, 1}).moveTo(400, 300);
-  Form<frmToolbox>::instance().close();
+  main.forms().get<frmToolbox>().close();
   QCoreApplication::processEvents();
   EXPECT_FALSE(Drag::instance().isActive());
   release();

@@ -19,31 +19,24 @@ using testing::IsEmpty;
 namespace vnb::test {
 namespace {
 
-template <class F>
-QWidget &control(const char *name) {
-  return *Form<F>::instance().template findChild<QWidget *>(QString::fromLatin1(name));
-}
-template <class F>
-TextBox &box(const char *name) {
-  return dynamic_cast<TextBox &>(control<F>(name));
-}
-
-/// The numbers of a list's rows.
-std::string numbers(const char *list) {
-  std::string result;
-  for (const NumberRow &row : dynamic_cast<NumberList &>(control<frmSubnet>(list)).rows())
-    result += std::to_string(row.number);
-  return result;
-}
-
 class Panels : public Gesture {
 protected:
   Panels() { useCodePage(1252); }
-  ~Panels() override {
-    Form<frmDevice>::unload();
-    Form<frmLinks>::unload();
-    Form<frmSubnet>::unload();
-    Form<frmLanInfo>::unload();
+
+  template <class F>
+  QWidget &control(const char *name) {
+    return *main.forms().get<F>().template findChild<QWidget *>(QString::fromLatin1(name));
+  }
+  template <class F>
+  TextBox &box(const char *name) {
+    return dynamic_cast<TextBox &>(control<F>(name));
+  }
+  /// The numbers of a list's rows.
+  std::string numbers(const char *list) {
+    std::string result;
+    for (const NumberRow &row : dynamic_cast<NumberList &>(control<frmSubnet>(list)).rows())
+      result += std::to_string(row.number);
+    return result;
   }
 
   /// Selects without the pointer: panels lie over the layout.
@@ -155,10 +148,10 @@ TEST_F(Panels, WithoutADeviceNothingActs) {
   main.operations().AddSubnet(hub, terminal);
   link(hub, terminal);
   Systems[hub].lType = 11;
-  const auto keysInAll = [] {
-    for (QWidget *panel : {static_cast<QWidget *>(&Form<frmDevice>::instance()),
-                           static_cast<QWidget *>(&Form<frmLinks>::instance()),
-                           static_cast<QWidget *>(&Form<frmSubnet>::instance())})
+  const auto keysInAll = [this] {
+    for (QWidget *panel : {static_cast<QWidget *>(&main.forms().get<frmDevice>()),
+                           static_cast<QWidget *>(&main.forms().get<frmLinks>()),
+                           static_cast<QWidget *>(&main.forms().get<frmSubnet>())})
       for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_7})
         QTest::keyClick(panel->focusWidget() != nullptr ? panel->focusWidget() : panel, key);
   };
@@ -185,7 +178,7 @@ TEST_F(Panels, WithoutADeviceNothingActs) {
 
 TEST_F(Panels, TheLinkPanelTellsAndAsksAndIsFilledWhenMadeAnew) {
   main.operations().AddLink(router, .5, .5, hub, .25, 0, 1);
-  Form<frmLinks>::instance().show();
+  main.forms().get<frmLinks>().show();
   pick(hub);
   for (const char *wrong : {"x", "9e99"}) { // the latter is farther than any line reaches
     box<frmLinks>("txtX").selectAll();
@@ -202,18 +195,19 @@ TEST_F(Panels, TheLinkPanelTellsAndAsksAndIsFilledWhenMadeAnew) {
   EXPECT_EQ(boxes.boxes[0].title + boxes.boxes[2].title, u"LinksReally remove?");
   EXPECT_EQ(boxes.boxes[0].icon, MessageBox::Icon::Exclamation);
   EXPECT_EQ(boxes.boxes[2].buttons, MessageBox::Buttons::YesNo);
-  Form<frmLinks>::instance().close();
+  main.forms().get<frmLinks>().close();
   EXPECT_EQ(dynamic_cast<NumberList &>(control<frmLinks>("lstLinks")).rows().size(), 1U)
       << "made anew, it shows the selected device";
-  Form<frmDevice>::instance().close();
+  main.forms().get<frmDevice>().close();
   main.picNew_Click();
-  EXPECT_FALSE(Form<frmDevice>::isLoaded()) << "New speaks only to panels that are there";
+  EXPECT_EQ(main.forms().loaded<frmDevice>(), nullptr)
+      << "New speaks only to panels that are there";
 }
 
 TEST_F(Panels, SubnetsMoveBetweenTheListsAndAreFramed) {
   for (const std::int32_t subnet : {server, server, terminal})
     main.operations().AddSubnet(router, subnet);
-  Form<frmSubnet>::instance().show();
+  main.forms().get<frmSubnet>().show();
   pick(router);
   struct Case {
     const char *control;

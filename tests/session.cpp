@@ -63,7 +63,7 @@ Session::Session() {
   main.operations().ClearLAN();
   main.move(0, 0);
   main.show();
-  Form<frmDevice>::instance().PopulateLockBoxes();
+  main.forms().get<frmDevice>().PopulateLockBoxes();
   std::mt19937 random(7);
   for (std::size_t i = 0; i < fileCount; ++i) {
     NaiveDocument document = NaiveDocument::any(random);
@@ -72,14 +72,6 @@ Session::Session() {
     document.swapWithProgram();
     files.push_back(std::move(document));
   }
-}
-
-Session::~Session() {
-  Form<frmToolbox>::unload();
-  Form<frmDevice>::unload();
-  Form<frmLanInfo>::unload();
-  Form<frmLinks>::unload();
-  Form<frmSubnet>::unload();
 }
 
 std::string Session::perform(const Step &step) {

@@ -54,7 +54,6 @@ private:
 class Session {
 public:
   Session();
-  ~Session();
   Session(const Session &) = delete;
   Session &operator=(const Session &) = delete;
 
@@ -114,6 +113,11 @@ private:
   bool answerBoxes(Dice &dice);
   std::string afterRemoval(std::int32_t device, bool yes);
 
+  template <class F>
+  F &form() {
+    return main.forms().get<F>();
+  }
+
   const Folder folder;
   const Look look;
   Boxes boxes;       // of the step
@@ -121,9 +125,9 @@ private:
   QString answer;    // that file dialogs give; null to cancel
   frmMain main;
   Surface &surface = main.picLayout();
-  ContextMenu contextMenu{main.selection(), main.operations()};
+  ContextMenu contextMenu{main.diagram()};
   QLabel &lblStatus = *main.findChild<QLabel *>(QStringLiteral("lblStatus"));
-  frmToolbox &toolbox = Form<frmToolbox>::instance();
+  frmToolbox &toolbox = main.forms().get<frmToolbox>();
   QComboBox &cboItem = *toolbox.findChild<QComboBox *>();
   NaiveModel model;
   std::vector<NaiveDocument> files;

@@ -67,10 +67,11 @@ void Session::compare(const std::string &what, const std::string &is, const std:
 
 template <class F, class Naive>
 void Session::comparePanel(const char *name, const std::optional<Naive> &due) {
-  compare(text(name, ", whether there is one"), text(Form<F>::isLoaded()), text(due.has_value()));
+  compare(text(name, ", whether there is one"), text(main.forms().loaded<F>() != nullptr),
+          text(due.has_value()));
   if (!found.empty() || !due)
     return;
-  const QWidget &panel = Form<F>::instance();
+  const QWidget &panel = form<F>();
   compare(text(name, ", whether it is on screen"), text(panel.isVisible()), text(due->shown));
   for (const auto &[control, says] : readings(*due))
     compare(text(name, ", ", control), readingOf(panel, QString::fromStdString(control)), says);

@@ -42,10 +42,6 @@ constexpr TypedFraction fractions[] = {{"0.5", "0.5", .5},
 
 constexpr std::array words{"", "x", "Main 5", "a;b", "\xC3\xA9t\xC3\xA9", "12"};
 
-template <class F>
-F &form() {
-  return Form<F>::instance();
-}
 template <class T>
 T &control(const QWidget &panel, const QString &name) {
   return *panel.findChild<T *>(name);

@@ -32,9 +32,9 @@ using testing::UnorderedElementsAre;
 namespace vnb::test {
 namespace {
 
-class SettingsDialog : public FormTest<frmSettings> {
+class SettingsDialog : private EditorView, public FormTest<frmSettings> {
 protected:
-  SettingsDialog() {
+  SettingsDialog() : FormTest(static_cast<EditorView &>(*this)) {
     forgetAll();
     ShowGrid = true;
     GridRes = 20;
@@ -43,7 +43,6 @@ protected:
                            &LinkColor, &LinkSelColor})
       *colour = next++;
     BackgroundColor = 0x302010;
-    frmSettings::LinkColorChanged = [this] { recoloured.push_back(LinkColor); };
     showColourDialog = [this](const ColourDialog &dialog) {
       EXPECT_EQ(dialog.owner, &form());
       starts.push_back(dialog.start);
@@ -52,21 +51,22 @@ protected:
   }
   ~SettingsDialog() override {
     showColourDialog = [](const ColourDialog &) { return std::nullopt; };
-    frmSettings::LinkColorChanged = [] {};
   }
 
-  static Swatch &swatch(int index) {
+  void linkColorChanged() override { recoloured.push_back(LinkColor); }
+
+  Swatch &swatch(int index) {
     return control<Swatch>(("picColor" + std::to_string(index)).c_str());
   }
-  static TextBox &box() { return control<TextBox>("txtGridRes"); }
+  TextBox &box() { return control<TextBox>("txtGridRes"); }
   /// What the form shows, but for the swatches.
-  static std::string shown() {
+  std::string shown() {
     std::string shown = box().text().toStdString();
     for (const char *name : {"chkGrid", "chkLoadLast"})
       shown += control<QCheckBox>(name).isChecked() ? " yes" : " no";
     return shown;
   }
-  static void paste(const std::string &text) {
+  void paste(const std::string &text) {
     QApplication::clipboard()->setText(QString::fromStdString(text));
     box().selectAll();
     box().paste();
@@ -161,7 +161,7 @@ TEST_F(SettingsDialog, OkPutsAllIntoForce) {
   EXPECT_THAT(values(), ElementsAre("no grid", "33", "unread", "last", "30200", "30205", "30206",
                                     "30202", "30201", "30203", "30204"));
   EXPECT_THAT(recoloured, ElementsAre(0x100006, 0x030205)) << "once LinkColor is new";
-  EXPECT_FALSE(Form<frmSettings>::isLoaded());
+  EXPECT_FALSE(isLoaded());
 
   const Boxes boxes(yes(1));
   box().setContent(QStringLiteral("9000000000")); // as a stored one can be made by editing
@@ -174,17 +174,17 @@ TEST_F(SettingsDialog, OkPutsAllIntoForce) {
 
 TEST_F(SettingsDialog, OtherWaysOutChangeNothingAndDestroyTheForm) {
   const Words before = values();
-  for (const std::function<void()> &leave :
-       std::vector<std::function<void()>>{[] { click("cmdCancel"); }, [] { form().close(); },
-                                          [] { QTest::keyClick(&form(), Qt::Key_Escape); },
-                                          [] { QTest::keyClick(&box(), Qt::Key_Escape); }}) {
+  for (const std::function<void()> &leave : std::vector<std::function<void()>>{
+           [this] { click("cmdCancel"); }, [this] { form().close(); },
+           [this] { QTest::keyClick(&form(), Qt::Key_Escape); },
+           [this] { QTest::keyClick(&box(), Qt::Key_Escape); }}) {
     const QPointer<frmSettings> dialog = &form();
     EXPECT_EQ(shown(), "20 yes no");
     changeAll();
     QTimer::singleShot(0, &form(), leave);
     form().showModal(nullptr);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(dialog.isNull() && !Form<frmSettings>::isLoaded());
+    EXPECT_TRUE(dialog.isNull() && !isLoaded());
   }
   EXPECT_EQ(values(), before);
   EXPECT_THAT(recoloured, IsEmpty());
@@ -192,11 +192,10 @@ TEST_F(SettingsDialog, OtherWaysOutChangeNothingAndDestroyTheForm) {
 
 /// The picker over themes of its own. Their folders stand beside the program, where other tests may
 /// have some as well, and are hidden ones.
-class ThemePicker : public FormTest<frmThemes>, protected ThemeView {
+class ThemePicker : protected EditorView, public FormTest<frmThemes> {
 protected:
-  ThemePicker() {
+  ThemePicker() : FormTest(static_cast<EditorView &>(*this)) {
     forgetAll();
-    frmThemes::View = this;
     theme(
         "good",
         "<T><INFO><TITLE>\n Good\n &lt;b&gt; </TITLE><AUTHOR>Ann</AUTHOR>"
@@ -208,7 +207,6 @@ protected:
     EXPECT_TRUE(image.save(folder("good") + QStringLiteral("/a.png")));
   }
   ~ThemePicker() override {
-    frmThemes::View = nullptr;
     for (const QString &folder : m_folders)
       QDir(folder).removeRecursively();
   }
@@ -224,9 +222,9 @@ protected:
       file.write(bytes);
   }
 
-  static NumberList &list() { return control<NumberList>("lstThemes"); }
+  NumberList &list() { return control<NumberList>("lstThemes"); }
   /// The lines of this test's own themes, without their prefix.
-  Words lines(bool selectedOnly = false) const {
+  Words lines(bool selectedOnly = false) {
     Words lines;
     for (int row = 0; const NumberRow &line : list().rows()) {
       const bool selected = row++ == list().ListIndex();
@@ -235,7 +233,7 @@ protected:
     }
     return lines;
   }
-  Words selectedLines() const { return lines(true); }
+  Words selectedLines() { return lines(true); }
   void pick(const QByteArray &theme) {
     const auto &rows = list().rows();
     const auto row = std::ranges::find(rows, name(theme), &NumberRow::text);
@@ -243,7 +241,7 @@ protected:
     list().setListIndex(static_cast<int>(row - rows.begin()));
   }
   /// What the picker tells of the theme picked.
-  static std::string info() {
+  std::string info() {
     return text("lblName") + "|" + text("lblAuthor") + "|" +
            control<QPlainTextEdit>("txtDescription").toPlainText().toStdString();
   }
@@ -284,7 +282,7 @@ TEST_F(ThemePicker, ListsTheFoldersAndSelectsTheThemeInForce) {
     EXPECT_TRUE(line.text != u"." && line.text != u"..");
   file.remove();
 
-  Form<frmThemes>::unload();
+  forms.unload();
   ThemeName = name("GOOD");
   EXPECT_THAT(selectedLines(), IsEmpty()) << "names are compared with case";
   EXPECT_EQ(text("lblCurTheme"), ThemeName.toStdString());
@@ -356,14 +354,14 @@ TEST_F(ThemePicker, SwitchesAndGoesBackWhereASwitchFails) {
 }
 
 TEST(Splash, TheDotsGoRound) {
-  const auto *label = Form<frmSplash>::instance().findChild<QLabel *>(QStringLiteral("lblLoading"));
+  frmSplash splash;
+  const auto *label = splash.findChild<QLabel *>(QStringLiteral("lblLoading"));
   Words texts{label->text().toStdString()};
   while (texts.size() < 6 &&
          QTest::qWaitFor([&] { return label->text().toStdString() != texts.back(); }, 5000))
     texts.push_back(label->text().toStdString());
   EXPECT_THAT(texts, ElementsAre("Loading...", "Loading", "Loading.", "Loading..", "Loading...",
                                  "Loading"));
-  Form<frmSplash>::unload();
 }
 
 } // namespace

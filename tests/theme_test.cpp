@@ -28,7 +28,7 @@ TEST(ParseColor, TakesAnyText) {
 }
 
 /// A theme's folder with pictures of sizes that no built-in one has, and the effects of loading it.
-class ThemeLoader : public testing::Test, protected ThemeView {
+class ThemeLoader : public testing::Test, protected EditorView {
 protected:
   ThemeLoader() {
     for (Colour *colour : allColours())

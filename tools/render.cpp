@@ -21,14 +21,11 @@ namespace {
 constexpr int usageError = 2;
 
 /// What a theme changes of a surface that stands alone.
-class SurfaceTheme : public ThemeView {
+class SurfaceTheme : public EditorView {
 public:
   explicit SurfaceTheme(Surface &surface) : m_surface(surface) {}
 
-  void linkColorChanged() override {} // no line is there yet
   void UpdateColors() override { m_surface.setBackColor(BackgroundColor); }
-  void loadButtonImages(const QString & /*tag*/, const QString & /*files*/) override {}
-  void deviceImagesChanged() override {} // nobody has seen the surface yet
 
 private:
   Surface &m_surface;
@@ -82,7 +79,7 @@ int run(const QStringList &words) {
     return EXIT_FAILURE;
   }
   GridRes = 20;
-  DiagramOperations operations(surface);
+  DiagramOperations operations(surface, theme);
   if (!read(words[words.size() - 2], operations))
     return EXIT_FAILURE;
   surface.DrawGrid();

@@ -3,6 +3,7 @@
 // documents. Run by tools/screenshots, once for each scale.
 
 #include "appearance/frmThemes.h"
+#include "appearance/theme.h"
 #include "editor/frmMain.h"
 #include "editor/frmToolbox.h"
 #include "forms/style.h"
@@ -35,9 +36,7 @@ public:
       std::fprintf(stderr, "%s can't be written\n", qUtf8Printable(name));
   }
 
-  template <class F>
-  void addForm() const {
-    F &form = Form<F>::instance();
+  void addForm(FormWindow &form) const {
     form.show();
     add(form, form.objectName());
     form.hide();
@@ -55,26 +54,26 @@ std::int32_t firstOf(std::int32_t lType) {
 }
 
 void takePanels(frmMain &main, const Album &album) {
-  Form<frmLinks>::instance().show();
+  main.forms().get<frmLinks>().show();
   for (const std::int32_t lType :
        {SystemType::Router, SystemType::MainServer, SystemType::Lock, SystemType::Modem,
         SystemType::IsolationBridge, SystemType::RadioReceiver}) {
     main.selection().SelectItem(firstOf(lType), SelectedColor, false);
     const QString type = NameFromType(lType, false);
-    album.add(Form<frmDevice>::instance(), QStringLiteral("frmDevice-") + type);
-    album.add(Form<frmLinks>::instance(), QStringLiteral("frmLinks-") + type);
-    album.add(Form<frmSubnet>::instance(), QStringLiteral("frmSubnet-") + type);
+    album.add(main.forms().get<frmDevice>(), QStringLiteral("frmDevice-") + type);
+    album.add(main.forms().get<frmLinks>(), QStringLiteral("frmLinks-") + type);
+    album.add(main.forms().get<frmSubnet>(), QStringLiteral("frmSubnet-") + type);
   }
   main.selection().SelectItem(firstOf(SystemType::MainServer), SelectedColor, false);
   album.add(main, QStringLiteral("frmMain-selected"));
   main.selection().Deselect();
-  album.add(Form<frmDevice>::instance(), QStringLiteral("frmDevice-none"));
-  album.add(Form<frmLinks>::instance(), QStringLiteral("frmLinks-none"));
-  album.add(Form<frmSubnet>::instance(), QStringLiteral("frmSubnet-none"));
+  album.add(main.forms().get<frmDevice>(), QStringLiteral("frmDevice-none"));
+  album.add(main.forms().get<frmLinks>(), QStringLiteral("frmLinks-none"));
+  album.add(main.forms().get<frmSubnet>(), QStringLiteral("frmSubnet-none"));
 }
 
-void takeAbout(const Album &album) {
-  frmAbout &about = Form<frmAbout>::instance();
+void takeAbout(frmMain &main, const Album &album) {
+  frmAbout &about = main.forms().get<frmAbout>();
   about.show();
   album.add(about, QStringLiteral("frmAbout-logo"));
   for (auto *button : about.findChildren<QAbstractButton *>()) {
@@ -82,26 +81,26 @@ void takeAbout(const Album &album) {
     button->click();
     album.add(about, QStringLiteral("frmAbout-") + button->objectName());
   }
-  Form<frmAbout>::unload();
+  about.close();
 }
 
 void takeTheme(frmMain &main, const QString &theme, const QString &out) {
-  LoadTheme(theme, *frmThemes::View);
+  LoadTheme(theme, main.view());
   GridRes = 20;
   main.picLayout().DrawGrid();
   const Album album(out + u'/' + theme);
   album.add(main, QStringLiteral("frmMain"));
   takePanels(main, album);
-  Form<frmThemes>::instance().Form_Load();
-  Form<frmSettings>::instance().Form_Load();
-  Form<frmToolbox>::instance().Form_Load();
-  Form<frmLanInfo>::instance().Form_Load();
-  album.addForm<frmLanInfo>();
-  album.addForm<frmThemes>();
-  album.addForm<frmSettings>();
-  album.addForm<frmToolbox>();
-  album.addForm<frmSplash>();
-  takeAbout(album);
+  main.forms().get<frmThemes>().Form_Load();
+  main.forms().get<frmSettings>().Form_Load();
+  main.forms().get<frmToolbox>().Form_Load();
+  main.forms().get<frmLanInfo>().Form_Load();
+  album.addForm(main.forms().get<frmLanInfo>());
+  album.addForm(main.forms().get<frmThemes>());
+  album.addForm(main.forms().get<frmSettings>());
+  album.addForm(main.forms().get<frmToolbox>());
+  album.addForm(main.forms().get<frmSplash>());
+  takeAbout(main, album);
 }
 
 int run(const QStringList &words) {
@@ -119,10 +118,10 @@ int run(const QStringList &words) {
   main.show();
   const QStringList themes = QDir(themesFolder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
   for (const QString &theme : themes) {
-    LoadTheme(theme, *frmThemes::View);
+    LoadTheme(theme, main.view());
     ReaderView view;
     OpenLANFile(words[1], main.operations(), view);
-    Form<frmDevice>::instance().PopulateLockBoxes();
+    main.forms().get<frmDevice>().PopulateLockBoxes();
     takeTheme(main, theme, words[2]);
   }
   return themes.isEmpty() ? EXIT_FAILURE : EXIT_SUCCESS;

@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: MIT
-/// What the panels work on: given once, when the main window is made.
+/// What the panels edit.
 #pragma once
 
-#include "diagram/operations.h"
-#include "diagram/selection.h"
+#include "document/modDeclares.h"
 #include "runtime/error.h"
 
 namespace vnb {
-
-struct PanelContext {
-  Selection *selection = nullptr;
-  DiagramOperations *operations = nullptr;
-};
-
-/// To be filled before any panel is addressed.
-inline PanelContext panelContext;
 
 /// The selected device. Raises 9 if none is selected: assistive technology reaches into boxes that
 /// no key does.

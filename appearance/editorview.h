@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+/// The one way up: what the rooms below have to tell the editor.
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+namespace vnb {
+
+/// The main window stands behind it, handed down to whoever calls it. What a tool or a test doesn't
+/// need of it does nothing.
+class EditorView {
+public:
+  EditorView() = default;
+  EditorView(const EditorView &) = delete;
+  EditorView &operator=(const EditorView &) = delete;
+  virtual ~EditorView() = default;
+
+  /// LinkColor is new: all lines and the rubber band take it.
+  virtual void linkColorChanged() {}
+  /// The colours are new: every form takes them, whether it shows or not.
+  virtual void UpdateColors() {}
+  /// Gives the button of this Tag its pictures; `files` as LoadButtonImages takes them. Raises what
+  /// that raises.
+  virtual void loadButtonImages(const QString & /*tag*/, const QString & /*files*/) {}
+  /// DeviceImages is new: every sprite takes its picture.
+  virtual void deviceImagesChanged() {}
+  /// Colours wipe the grid. A switch that fails asks first whether there was one, and brings it
+  /// back.
+  virtual bool hasGrid() const { return false; }
+  virtual void redrawGrid() {}
+
+  /// A device has been selected: the panels are filled for it.
+  virtual void deviceSelected() {}
+  /// No device is selected any more.
+  virtual void showNoDevice() {}
+  /// System `lIndex` has been removed, and higher numbers have closed up.
+  virtual void systemRemoved(std::int32_t /*lIndex*/) {}
+  /// The LAN is a new, empty one.
+  virtual void lanCleared() {}
+  /// There are other locks than the lock boxes list.
+  virtual void PopulateLockBoxes() {}
+};
+
+} // namespace vnb

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+/// The forms of a program: each has one default instance, made hidden when it is first addressed
+/// and destroyed by its close box.
+#pragma once
+
+#include "forms/form.h"
+
+#include <QPointer>
+
+#include <functional>
+#include <type_traits>
+#include <typeindex>
+#include <vector>
+
+namespace vnb {
+
+/// Knows all forms but the main window, which owns the table; they end with it.
+class FormTable {
+public:
+  struct Row {
+    std::type_index type;
+    bool themed; // whether its colours are a theme's
+    std::function<FormWindow *()> make;
+  };
+
+  /// The row of form `T`, which is made of `parts`. These must outlive the table.
+  template <class T, class... Parts>
+  static Row row(Parts &...parts) {
+    // Of another type if `T` has none of its own.
+    constexpr bool themed = std::is_same_v<decltype(&T::UpdateColors), void (T::*)()>;
+    return {typeid(T), themed, [&parts...] { return new T(parts...); }};
+  }
+
+  /// `rows` in the order of all loops.
+  explicit FormTable(const std::vector<Row> &rows);
+  ~FormTable();
+  FormTable(const FormTable &) = delete;
+  FormTable &operator=(const FormTable &) = delete;
+
+  /// The form, made and loaded now if it isn't there.
+  template <class T>
+  T &get() {
+    return static_cast<T &>(form(slot(typeid(T))));
+  }
+  /// The form, null if it isn't there.
+  template <class T>
+  T *loaded() {
+    return static_cast<T *>(slot(typeid(T)).form.data());
+  }
+
+  /// Calls `visit` with each form that is there.
+  template <class Visit>
+  void forEachLoaded(Visit visit) {
+    for (const Slot &slot : m_slots)
+      if (slot.form)
+        visit(*slot.form);
+  }
+
+  /// Every form with a theme's colours takes them; one that isn't there yet is made by that.
+  void UpdateColors();
+
+  /// Closes all forms.
+  void unload();
+
+private:
+  struct Slot {
+    Row row;
+    QPointer<FormWindow> form;
+  };
+
+  Slot &slot(std::type_index type);
+  static FormWindow &form(Slot &slot);
+
+  std::vector<Slot> m_slots;
+};
+
+} // namespace vnb
