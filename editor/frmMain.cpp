@@ -26,8 +26,6 @@
 #include <QWheelEvent>
 #include <QWindow>
 
-#include <array>
-
 namespace vnb {
 namespace {
 
@@ -73,8 +71,8 @@ private:
 } // namespace
 
 frmMain::frmMain()
-    : m_toolbar(this, [this](std::size_t index) { buttonClicked(index); }), m_viewport(*this),
-      m_operations(m_viewport.picLayout(), *this),
+    : m_toolbar(this, [this](std::size_t index) { (this->*toolbarButtons()[index].action)(); }),
+      m_viewport(*this), m_operations(m_viewport.picLayout(), *this),
       m_selection(m_viewport.picLayout(), *this), m_diagram{m_viewport.picLayout(), m_selection,
                                                             m_operations},
       m_gestures(*this, m_diagram, m_toolbar), m_contextMenu(m_diagram),
@@ -216,33 +214,12 @@ void frmMain::wheelEvent(QWheelEvent *event) {
 }
 
 void frmMain::Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift) {
-  const auto buttons = toolbarButtons();
-  for (std::size_t i = 0; i < buttons.size(); ++i)
-    if (buttons[i].key == KeyCode && Shift == buttons[i].modifier)
-      buttonClicked(i);
+  for (const ToolbarButton &button : toolbarButtons())
+    if (button.key == KeyCode && Shift == button.modifier)
+      (this->*button.action)();
   if (KeyCode == Qt::Key_Delete && Shift != Qt::ControlModifier && Shift != Qt::AltModifier &&
       lSelectedItem > 0)
     m_contextMenu.mnuRemove_Click();
-}
-
-void frmMain::buttonClicked(std::size_t index) {
-  using Action = void (frmMain::*)();
-  static constexpr std::array<std::pair<std::string_view, Action>, 11> actions{{
-      {"picNew", &frmMain::picNew_Click},
-      {"picLoad", &frmMain::picLoad_Click},
-      {"picSave", &frmMain::picSave_Click},
-      {"picAdd", &frmMain::picAdd_Click},
-      {"picInfo", &frmMain::picInfo_Click},
-      {"picLink", &frmMain::picLink_Click},
-      {"picDevice", &frmMain::picDevice_Click},
-      {"picSubnet", &frmMain::picSubnet_Click},
-      {"picThemes", &frmMain::picThemes_Click},
-      {"picAbout", &frmMain::picAbout_Click},
-      {"picSettings", &frmMain::picSettings_Click},
-  }};
-  for (const auto &[name, action] : actions)
-    if (name == toolbarButtons()[index].name)
-      (this->*action)();
 }
 
 void frmMain::picNew_Click() {

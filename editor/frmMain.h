@@ -63,7 +63,6 @@ private:
   void Form_Resize();
   void Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift);
   void Form_Unload();
-  void buttonClicked(std::size_t index);
   void openFile(const QString &sFileName, bool bTakeYourTime);
   void showOnScreen();
   void moveOnScreen(QPoint corner);

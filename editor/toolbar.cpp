@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/toolbar.h"
 
+#include "editor/frmMain.h"
 #include "forms/form.h"
 
 #include <QPainter>
@@ -9,19 +10,28 @@ namespace vnb {
 namespace {
 
 constexpr std::array buttons{
-    ToolbarButton{"picNew", "NEW", "New LAN (Ctrl-N)", 1, Qt::ControlModifier, Qt::Key_N},
-    ToolbarButton{"picLoad", "LOAD", "Open LAN (Ctrl-O)", 26, Qt::ControlModifier, Qt::Key_O},
-    ToolbarButton{"picSave", "SAVE", "Save LAN (Ctrl-S)", 51, Qt::ControlModifier, Qt::Key_S},
-    ToolbarButton{"picAdd", "ADD", "Show Toolbox (Alt-T)", 82, Qt::AltModifier, Qt::Key_T},
-    ToolbarButton{"picInfo", "INFO", "LAN Information (Alt-I)", 107, Qt::AltModifier, Qt::Key_I},
-    ToolbarButton{"picLink", "LINK", "Link Properties (Alt-L)", 132, Qt::AltModifier, Qt::Key_L},
-    ToolbarButton{"picDevice", "DEVICE", "Device Properties (Alt-D)", 157, Qt::AltModifier,
-                  Qt::Key_D},
-    ToolbarButton{"picSubnet", "SUBNET", "Valid Subnets (Alt-S)", 182, Qt::AltModifier, Qt::Key_S},
-    ToolbarButton{"picThemes", "THEMES", "Themes (Ctrl-T)", 213, Qt::ControlModifier, Qt::Key_T},
-    ToolbarButton{"picSettings", "SETTINGS", "Settings (Ctrl-P)", 238, Qt::ControlModifier,
-                  Qt::Key_P},
-    ToolbarButton{"picAbout", "ABOUT", "About (Ctrl-A)", 263, Qt::ControlModifier, Qt::Key_A},
+    ToolbarButton{"picNew", "NEW", "New LAN", 1, Qt::ControlModifier, Qt::Key_N,
+                  &frmMain::picNew_Click},
+    ToolbarButton{"picLoad", "LOAD", "Open LAN", 26, Qt::ControlModifier, Qt::Key_O,
+                  &frmMain::picLoad_Click},
+    ToolbarButton{"picSave", "SAVE", "Save LAN", 51, Qt::ControlModifier, Qt::Key_S,
+                  &frmMain::picSave_Click},
+    ToolbarButton{"picAdd", "ADD", "Show Toolbox", 82, Qt::AltModifier, Qt::Key_T,
+                  &frmMain::picAdd_Click},
+    ToolbarButton{"picInfo", "INFO", "LAN Information", 107, Qt::AltModifier, Qt::Key_I,
+                  &frmMain::picInfo_Click},
+    ToolbarButton{"picLink", "LINK", "Link Properties", 132, Qt::AltModifier, Qt::Key_L,
+                  &frmMain::picLink_Click},
+    ToolbarButton{"picDevice", "DEVICE", "Device Properties", 157, Qt::AltModifier, Qt::Key_D,
+                  &frmMain::picDevice_Click},
+    ToolbarButton{"picSubnet", "SUBNET", "Valid Subnets", 182, Qt::AltModifier, Qt::Key_S,
+                  &frmMain::picSubnet_Click},
+    ToolbarButton{"picThemes", "THEMES", "Themes", 213, Qt::ControlModifier, Qt::Key_T,
+                  &frmMain::picThemes_Click},
+    ToolbarButton{"picSettings", "SETTINGS", "Settings", 238, Qt::ControlModifier, Qt::Key_P,
+                  &frmMain::picSettings_Click},
+    ToolbarButton{"picAbout", "ABOUT", "About", 263, Qt::ControlModifier, Qt::Key_A,
+                  &frmMain::picAbout_Click},
 };
 
 constexpr int buttonSize = 24;
@@ -31,10 +41,11 @@ constexpr int lineTop = 27;
 constexpr int statusLeft = 295;
 constexpr qreal statusPointSize = 9;
 
-/// The tool tip without its shortcut.
-QString title(const ToolbarButton &button) {
-  const QString toolTip = QString::fromLatin1(button.toolTip);
-  return toolTip.first(toolTip.indexOf(u'(') - 1);
+/// "New LAN (Ctrl-N)".
+QString toolTipOf(const ToolbarButton &button) {
+  return QStringLiteral("%1 (%2-%3)")
+      .arg(QLatin1String(button.title),
+           QLatin1String(button.modifier == Qt::AltModifier ? "Alt" : "Ctrl"), QChar(button.key));
 }
 
 } // namespace
@@ -63,12 +74,12 @@ void Toolbar::addButton(std::size_t index) {
   const ToolbarButton &row = buttons[index];
   auto *button = new PictureButton(this, QString::fromLatin1(row.tag));
   button->setObjectName(QString::fromLatin1(row.name));
-  button->setAccessibleName(title(row));
-  button->setToolTip(QString::fromLatin1(row.toolTip));
+  button->setAccessibleName(QString::fromLatin1(row.title));
+  button->setToolTip(toolTipOf(row));
   button->setGeometry(row.left, buttonTop, buttonSize, buttonSize);
   button->MouseDown = [this, index] { DoImage(*m_buttons[index], m_images[index], false); };
   button->MouseUp = [this, index] { DoImage(*m_buttons[index], m_images[index], true); };
-  button->MouseMove = [this, &row] { setStatus(title(row)); };
+  button->MouseMove = [this, &row] { setStatus(QString::fromLatin1(row.title)); };
   button->Click = [this, index] { m_click(index); };
   m_buttons.push_back(button);
 }

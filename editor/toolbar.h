@@ -16,15 +16,17 @@
 
 namespace vnb {
 
-/// One button: the row says all that there is to know of it. Its action runs by a click on it and
-/// by its shortcut.
+class frmMain;
+
+/// One button: what the program knows of it, but for its picture's file in a theme.
 struct ToolbarButton {
-  const char *name;    // object name
-  const char *tag;     // base name of its built-in bitmaps
-  const char *toolTip; // its title and, in parentheses, its shortcut
-  int left;            // pixels
+  const char *name;  // object name
+  const char *tag;   // base name of its built-in bitmaps
+  const char *title; // the tool tip has its shortcut, too
+  int left;          // pixels
   Qt::KeyboardModifier modifier;
   Qt::Key key;
+  void (frmMain::*action)(); // run by a click and by the shortcut
 };
 
 /// The eleven buttons from left to right.
