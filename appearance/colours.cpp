@@ -4,8 +4,6 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 
-#include <algorithm>
-
 namespace vnb {
 namespace {
 
@@ -32,36 +30,10 @@ QPalette palette(const QColor &background, const QColor &text, const QColor &win
   return result;
 }
 
-void setForeground(QWidget &control, Colour colour) {
-  QPalette changed = control.palette();
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-    changed.setColor(role, toQColor(colour));
-  control.setPalette(changed);
-}
-
-void colourSecurityButtons(QWidget &form, const QString &name) {
-  for (std::size_t i = 0; i < SecureColor.size(); ++i) {
-    auto *button = form.findChild<QWidget *>(name + QString::number(i));
-    if (button == nullptr)
-      continue;
-    QPalette changed = button->palette();
-    changed.setColor(QPalette::Button, toQColor(SecureColor[i]));
-    changed.setColor(QPalette::ButtonText, toQColor(SecureColor[i] ^ 0xFFFFFF));
-    button->setPalette(changed);
-  }
-}
-
 /// The list that drops down from a box is a window of its own.
 void colourList(const QComboBox &box, const QPalette &colours) {
   box.view()->setPalette(colours);
   box.view()->parentWidget()->setPalette(colours);
-}
-
-bool isUntouched(const QWidget &control, std::initializer_list<ColourException> exceptions) {
-  return std::any_of(exceptions.begin(), exceptions.end(), [&](const ColourException &exception) {
-    return exception.kind == ColourException::Kind::Untouched &&
-           control.objectName().startsWith(QLatin1String(exception.name));
-  });
 }
 
 } // namespace
@@ -74,23 +46,22 @@ QPalette controlPalette() {
   return palette(background, text, mixed(background, text, 60));
 }
 
-void applyColours(QWidget &form, std::initializer_list<ColourException> exceptions) {
+void applyColours(QWidget &form) {
   const QColor background = toQColor(BackgroundColor);
   form.setPalette(palette(background, toQColor(TextColor), background));
   const QPalette controls = controlPalette();
   for (QWidget *control : form.findChildren<QWidget *>())
-    if (!control->isWindow() && !isUntouched(*control, exceptions))
+    if (!control->isWindow())
       control->setPalette(controls);
   for (const QComboBox *box : form.findChildren<QComboBox *>())
     colourList(*box, controls);
-  for (const ColourException &exception : exceptions) {
-    const QString name = QString::fromLatin1(exception.name);
-    if (exception.kind == ColourException::Kind::Security)
-      colourSecurityButtons(form, name);
-    else if (exception.kind == ColourException::Kind::RedText)
-      if (auto *control = form.findChild<QWidget *>(name))
-        setForeground(*control, RedTextColor);
-  }
+}
+
+void setForeground(QWidget &control, Colour colour) {
+  QPalette changed = control.palette();
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    changed.setColor(role, toQColor(colour));
+  control.setPalette(changed);
 }
 
 } // namespace vnb

@@ -63,28 +63,21 @@ const XmlElement *firstChild(const XmlElement &parent, QStringView tagName) {
 
 frmThemes::frmThemes(EditorView &view)
     : FormWindow("frmThemes", "Themes", {7125, 3195}), m_view(view) {
-  addLabel(*this, QStringLiteral("lblCurrent"), QStringLiteral("Current theme:"),
-           {75, 75, 1515, 195});
-  m_lblCurTheme = addLabel(*this, QStringLiteral("lblCurTheme"), QStringLiteral("Default"),
-                           {1635, 75, 2550, 195});
+  addLabel(*this, "lblCurrent", "Current theme:", {75, 75, 1515, 195});
+  m_lblCurTheme = addLabel(*this, "lblCurTheme", "Default", {1635, 75, 2550, 195});
   auto *cmdSwitch =
       addCaptioned<QPushButton>(*this, "cmdSwitch", "Switch (temp button)", {4260, 75, 2415, 360});
-  QLabel *available = addLabel(*this, QStringLiteral("lblAvailable"),
-                               QStringLiteral("Available themes:"), {75, 345, 1695, 195});
-  m_lstThemes = add<NumberList>(*this, QStringLiteral("lstThemes"));
-  place(*m_lstThemes, 120, 660, 2970, 2370);
+  QLabel *available = addLabel(*this, "lblAvailable", "Available themes:", {75, 345, 1695, 195});
+  m_lstThemes = add<NumberList>(*this, "lstThemes", {120, 660, 2970, 2370});
   describe(*m_lstThemes, *available);
-  m_lblName =
-      addLabel(*this, QStringLiteral("lblName"), QStringLiteral("Name:"), {3210, 660, 3870, 195});
-  m_lblAuthor = addLabel(*this, QStringLiteral("lblAuthor"), QStringLiteral("Author: "),
-                         {3210, 930, 3870, 195});
-  QLabel *description = addLabel(*this, QStringLiteral("lblDesc"), QStringLiteral("Description:"),
-                                 {3210, 1200, 1140, 195});
-  m_txtDescription = add<QPlainTextEdit>(*this, QStringLiteral("txtDescription"));
+  m_lblName = addLabel(*this, "lblName", "Name:", {3210, 660, 3870, 195});
+  m_lblAuthor = addLabel(*this, "lblAuthor", "Author: ", {3210, 930, 3870, 195});
+  QLabel *description = addLabel(*this, "lblDesc", "Description:", {3210, 1200, 1140, 195});
+  m_txtDescription = add<QPlainTextEdit>(*this, "txtDescription");
   m_txtDescription->setReadOnly(true);
   m_txtDescription->setTabChangesFocus(true);
   m_txtDescription->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-  place(*m_txtDescription, 3210, 1485, 3870, 1665);
+  place(*m_txtDescription, {3210, 1485, 3870, 1665});
   describe(*m_txtDescription, *description);
   setTabOrder(m_lstThemes, cmdSwitch);
   setTabOrder(cmdSwitch, m_txtDescription);
@@ -114,12 +107,13 @@ void frmThemes::Form_Load() {
 }
 
 void frmThemes::UpdateColors() {
-  applyColours(*this, {{"lblCurTheme", ColourException::Kind::RedText}});
+  applyColours(*this);
+  setForeground(*m_lblCurTheme, RedTextColor);
 }
 
 QString frmThemes::selected() const {
-  const int row = m_lstThemes->ListIndex();
-  return row < 0 ? QString() : m_lstThemes->rows()[static_cast<std::size_t>(row)].text;
+  const NumberRow *const row = m_lstThemes->picked();
+  return row == nullptr ? QString() : row->text;
 }
 
 void frmThemes::lstThemes_Click() {
@@ -156,7 +150,7 @@ void frmThemes::ShowThemeInfo(const QString &sName) {
 }
 
 void frmThemes::cmdSwitch_Click() {
-  if (m_lstThemes->ListIndex() < 0) {
+  if (m_lstThemes->picked() == nullptr) {
     tell(QStringLiteral("Pick a theme in the list first."));
     return;
   }

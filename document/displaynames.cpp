@@ -12,9 +12,13 @@ QString deviceName(std::int32_t lIndex) {
   return friendlyName(lIndex) + u' ' + QString::number(lIndex);
 }
 
+QString linkDirection(const LinkRec &link, std::int32_t lIndex) {
+  return link.lFrom == lIndex ? QStringLiteral("to ") + deviceName(link.lTo)
+                              : QStringLiteral("from ") + deviceName(link.lFrom);
+}
+
 QString linkName(const LinkRec &link, std::int32_t lIndex) {
-  return link.lFrom == lIndex ? QStringLiteral("Link to ") + deviceName(link.lTo)
-                              : QStringLiteral("Link from ") + deviceName(link.lFrom);
+  return QStringLiteral("Link ") + linkDirection(link, lIndex);
 }
 
 } // namespace vnb

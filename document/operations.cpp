@@ -28,11 +28,10 @@ void closeGap(std::int32_t &number, std::int32_t gone) {
 
 /// Locks that a device of this type names in lData1 and the fields behind it.
 int lockFields(std::int32_t lType) {
-  switch (lType) {
-  case SystemType::MainServer:
-  case SystemType::Authentication:
+  switch (typeRow(lType).fields) {
+  case Fields::Server:
     return 3;
-  case SystemType::IsolationBridge:
+  case Fields::Bridge:
     return 2;
   default:
     return 0;

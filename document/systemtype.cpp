@@ -2,45 +2,69 @@
 #include "document/systemtype.h"
 
 #include <algorithm>
-#include <array>
 
 namespace vnb {
 namespace {
 
-struct TypeEntry {
-  std::string_view resID, plain, fileWord, friendly;
-  std::array<std::string_view, 2> otherNames{}; // lower case, beside the plain and friendly name
-};
+constexpr TypeRow none{
+    .resID = "UNKNOWN", .plain = "NONE", .fileWord = "NONE", .friendly = "Unknown device"};
 
-constexpr TypeEntry none{"UNKNOWN", "NONE", "NONE", "Unknown device"};
-
-constexpr std::array<TypeEntry, SystemType::Last> entries{{
-    {"ROUTER", "Router", "ROUTER", "Router"},
-    {"HUB", "Hub", "HUB", "Hub"},
-    {"UNKNOWN", "Switch", "SWITCH", "Switch"},
-    {"TERMINAL", "Terminal", "TERMINAL", "Terminal"},
-    {"MAIN", "Mainserver", "MAINSERVER", "Main server"},
-    {"MAIL", "Mailserver", "MAILSERVER", "Mail server"},
-    {"MAIN", "Fileserver", "FILESERVER", "File server"},
-    {"AUTH", "Authentication", "AUTHENTICATION", "Authentication server", {"auth"}},
-    {"LOCK", "Lock", "LOCK", "Lock"},
-    {"IB", "IsolationBridge", "ISOLATIONBRIDGE", "Isolation Bridge", {"ib"}},
-    {"MODEM", "Modem", "MODEM", "Modem"},
+/// By code, from 1 on.
+constexpr std::array<TypeRow, SystemType::Last> rows{{
+    {"ROUTER", "Router", "ROUTER", "Router", "router", "Router", Fields::None},
+    {"HUB", "Hub", "HUB", "Hub", "hub", "Hub", Fields::None},
+    {"UNKNOWN", "Switch", "SWITCH", "Switch", "switch", "Switch*", Fields::None},
+    {"TERMINAL", "Terminal", "TERMINAL", "Terminal", "terminal", "Terminal", Fields::None},
+    {"MAIN", "Mainserver", "MAINSERVER", "Main server", "mainserver", "Main Server",
+     Fields::Server},
+    {"MAIL", "Mailserver", "MAILSERVER", "Mail server", "mailserver", "Mail Server*", Fields::None},
+    {"MAIN", "Fileserver", "FILESERVER", "File server", "fileserver", "File Server", Fields::None},
+    {"AUTH",
+     "Authentication",
+     "AUTHENTICATION",
+     "Authentication server",
+     "auth",
+     "Authentication",
+     Fields::Server,
+     {"auth"}},
+    {"LOCK", "Lock", "LOCK", "Lock", "lock", "Lock", Fields::Lock},
+    {"IB",
+     "IsolationBridge",
+     "ISOLATIONBRIDGE",
+     "Isolation Bridge",
+     "ibridge",
+     "Isolation Bridge",
+     Fields::Bridge,
+     {"ib"}},
+    {"MODEM", "Modem", "MODEM", "Modem", "modem", "Modem", Fields::Modem},
     {"UNKNOWN",
      "SessionKeyServer",
      "SESSIONKEYSERVER",
      "Session key server",
+     "sessionkeyserver",
+     "Session Key Server*",
+     Fields::None,
      {"sessionkey server", "session keyserver"}},
-    {"TRANS", "RadioTransmitter", "RADIOTRANSMITTER", "Radio transmitter", {"radiotransmiter"}},
-    {"RECEIVE", "RadioReceiver", "RADIORECEIVER", "Radio receiver"},
-    {"UNKNOWN", "Faxprinter", "FAXPRINTER", "Fax printer", {"fax"}},
-    {"MAIN", "Logserver", "LOGSERVER", "Log server"},
+    {"TRANS",
+     "RadioTransmitter",
+     "RADIOTRANSMITTER",
+     "Radio transmitter",
+     "radiotrans",
+     "Radio Transmitter",
+     Fields::None,
+     {"radiotransmiter"}},
+    {"RECEIVE", "RadioReceiver", "RADIORECEIVER", "Radio receiver", "radioreceive",
+     "Radio Receiver", Fields::Receiver},
+    {"UNKNOWN",
+     "Faxprinter",
+     "FAXPRINTER",
+     "Fax printer",
+     "faxprinter",
+     "Fax Printer*",
+     Fields::None,
+     {"fax"}},
+    {"MAIN", "Logserver", "LOGSERVER", "Log server", "logserver", "Log Server", Fields::None},
 }};
-
-const TypeEntry &entry(std::int32_t lType) {
-  return lType >= 1 && lType <= SystemType::Last ? entries[static_cast<std::size_t>(lType - 1)]
-                                                 : none;
-}
 
 char lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
@@ -58,24 +82,28 @@ QString text(std::string_view ascii) {
 
 } // namespace
 
+const TypeRow &typeRow(std::int32_t lType) {
+  return lType >= 1 && lType <= SystemType::Last ? rows[static_cast<std::size_t>(lType - 1)] : none;
+}
+
 QString ResIDFromType(std::int32_t lType) {
-  return text(entry(lType).resID);
+  return text(typeRow(lType).resID);
 }
 
 std::int32_t TypeFromWord(std::string_view word) {
   if (word.empty())
     return SystemType::Unknown;
-  const auto matches = [word](const TypeEntry &type) {
+  const auto matches = [word](const TypeRow &type) {
     return same(word, type.plain) || same(word, type.friendly) ||
            std::ranges::any_of(type.otherNames,
                                [word](std::string_view name) { return same(word, name); });
   };
   // Saved files have nothing but file words: a large one is read in half the time by asking first.
-  auto found = std::ranges::find(entries, word, &TypeEntry::fileWord);
-  if (found == entries.end())
-    found = std::ranges::find_if(entries, matches);
-  return found == entries.end() ? SystemType::Unknown
-                                : static_cast<std::int32_t>(found - entries.begin()) + 1;
+  auto found = std::ranges::find(rows, word, &TypeRow::fileWord);
+  if (found == rows.end())
+    found = std::ranges::find_if(rows, matches);
+  return found == rows.end() ? SystemType::Unknown
+                             : static_cast<std::int32_t>(found - rows.begin()) + 1;
 }
 
 std::int32_t TypeFromName(const QString &sName) {
@@ -85,11 +113,11 @@ std::int32_t TypeFromName(const QString &sName) {
 }
 
 QString NameFromType(std::int32_t lType, bool bFriendly) {
-  return text(bFriendly ? entry(lType).friendly : entry(lType).plain);
+  return text(bFriendly ? typeRow(lType).friendly : typeRow(lType).plain);
 }
 
 std::string_view FileWord(std::int32_t lType) {
-  return entry(lType).fileWord;
+  return typeRow(lType).fileWord;
 }
 
 } // namespace vnb

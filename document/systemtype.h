@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-/// The table of system types: codes, names, file words and built-in bitmaps.
+/// The table of system types: all that the program knows of each.
 #pragma once
 
 #include <QString>
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -22,6 +23,23 @@ inline constexpr std::int32_t Modem = 11;
 inline constexpr std::int32_t RadioReceiver = 14;
 inline constexpr std::int32_t Last = 16;
 } // namespace SystemType
+
+/// The fields that some types have beside those of all devices.
+enum class Fields : std::uint8_t { None, Lock, Server, Modem, Bridge, Receiver };
+
+struct TypeRow {
+  std::string_view resID;         // built-in bitmap
+  std::string_view plain;         // name
+  std::string_view fileWord;      // the plain name in capitals
+  std::string_view friendly;      // name for people
+  std::string_view themeKey = {}; // of its picture, in lower case
+  std::string_view toolbox = {};  // entry in the toolbox
+  Fields fields = Fields::None;
+  std::array<std::string_view, 2> otherNames{}; // in files, beside the plain and friendly name
+};
+
+/// The row of a type, that of no device for a code outside 1 to 16.
+const TypeRow &typeRow(std::int32_t lType);
 
 /// Name of the built-in bitmap, "UNKNOWN" for a code outside 1 to 16.
 QString ResIDFromType(std::int32_t lType);

@@ -42,10 +42,9 @@ void ContextMenu::addLinks(QMenu &mnuPopup, std::int32_t Index) {
     const std::vector<std::int32_t> links = RetrieveLinks(Index);
     for (std::size_t i = 1; i < links.size(); ++i) {
       const std::int32_t lLink = links[i];
-      const QString caption = linkName(at(Links, lLink), Index);
-      QAction *mnuLink = mnuLinks->addAction(caption);
+      QAction *mnuLink = mnuLinks->addAction(linkName(at(Links, lLink), Index));
       QObject::connect(mnuLink, &QAction::triggered, mnuLink,
-                       [this, caption, lLink] { mnuLink_Click(caption, lLink); });
+                       [this, Index, lLink] { mnuLink_Click(Index, lLink); });
     }
   });
 }
@@ -63,8 +62,9 @@ void ContextMenu::addTypes(QMenu &mnuPopup, std::int32_t Index) {
   }
 }
 
-void ContextMenu::mnuLink_Click(const QString &caption, std::int32_t lLink) {
-  if (confirmed(QStringLiteral("Are you sure you want to remove the l") + caption.mid(1) + u'?'))
+void ContextMenu::mnuLink_Click(std::int32_t Index, std::int32_t lLink) {
+  if (confirmed(QStringLiteral("Are you sure you want to remove the link ") +
+                linkDirection(at(Links, lLink), Index) + u'?'))
     m_diagram.operations.RemoveLink(lLink, false);
   selectAgain();
 }

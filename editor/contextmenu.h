@@ -24,7 +24,7 @@ public:
 private:
   void addLinks(QMenu &mnuPopup, std::int32_t Index);
   void addTypes(QMenu &mnuPopup, std::int32_t Index);
-  void mnuLink_Click(const QString &caption, std::int32_t lLink);
+  void mnuLink_Click(std::int32_t Index, std::int32_t lLink);
   void selectAgain();
 
   DiagramParts m_diagram;

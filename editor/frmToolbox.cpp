@@ -16,28 +16,11 @@
 #include <QPainter>
 #include <QPushButton>
 
-#include <array>
-
 namespace vnb {
 namespace {
 
-/// The list; a type is its position plus 2.
-constexpr std::array items{"Hub",
-                           "Switch*",
-                           "Terminal",
-                           "Main Server",
-                           "Mail Server*",
-                           "File Server",
-                           "Authentication",
-                           "Lock",
-                           "Isolation Bridge",
-                           "Modem",
-                           "Session Key Server*",
-                           "Radio Transmitter",
-                           "Radio Receiver",
-                           "Fax Printer*",
-                           "Log Server"};
-constexpr std::int32_t firstType = 2;
+/// The list's first entry. It has all types but the router, of which there is one.
+constexpr std::int32_t firstOffered = 2;
 
 /// The area in which the preview is centred.
 const QRect shpPreview(pixels(2130), pixels(120), pixels(1260), pixels(990));
@@ -54,23 +37,24 @@ void refuse() {
 frmToolbox::frmToolbox(DocumentOperations &operations, Gestures &gestures)
     : FormWindow("frmToolbox", "Toolbox", {3540, 1290}), m_operations(operations),
       m_gestures(gestures) {
-  m_cboItem = add<DropDown>(*this, QStringLiteral("cboItem"));
+  m_cboItem = add<DropDown>(*this, "cboItem");
   // For assistive technology, which takes a drop-down list's name from its value.
-  QLabel *lblItem = addLabel(*this, QStringLiteral("lblItem"), QStringLiteral("Device type:"), {});
+  QLabel *lblItem = addLabel(*this, "lblItem", "Device type:", {});
   describe(*m_cboItem, *lblItem);
   lblItem->hide();
-  m_cboItem->setMaxVisibleItems(static_cast<int>(items.size()));
-  place(*m_cboItem, 90, 375, 1860, 300);
+  m_cboItem->setMaxVisibleItems(SystemType::Last);
+  place(*m_cboItem, {90, 375, 1860, 300});
   auto *cmdAdd = addCaptioned<QPushButton>(*this, "cmdAdd", "Add to LAN", {90, 765, 1860, 360});
-  m_picPreview = add<PictureBox>(*this, QStringLiteral("picPreview"));
+  m_picPreview = add<PictureBox>(*this, "picPreview");
   m_picPreview->setAccessibleName(QStringLiteral("Preview"));
-  QLabel *lblPreview = addLabel(*this, QStringLiteral("lblPreview"), QStringLiteral("Preview"),
-                                {2205, 30, 735, 180});
+  QLabel *lblPreview = addLabel(*this, "lblPreview", "Preview", {2205, 30, 735, 180});
   // The label lies over the frame's upper edge.
   lblPreview->setAutoFillBackground(true);
   lblPreview->setBackgroundRole(QPalette::Base);
-  for (const char *item : items)
-    m_cboItem->addItem(QString::fromLatin1(item));
+  for (std::int32_t lType = firstOffered; lType <= SystemType::Last; ++lType) {
+    const std::string_view entry = typeRow(lType).toolbox;
+    m_cboItem->addItem(QLatin1String(entry.data(), static_cast<qsizetype>(entry.size())));
+  }
   m_cboItem->Click = [this] { cboItem_Click(); };
   connect(cmdAdd, &QPushButton::clicked, this, &frmToolbox::cmdAdd_Click);
   m_picPreview->MouseDown = [this](Qt::MouseButton Button, QPoint at, QPoint global) {
@@ -101,7 +85,7 @@ void frmToolbox::showEvent(QShowEvent * /*event*/) {
 }
 
 std::int32_t frmToolbox::chosenType() const {
-  return m_cboItem->currentIndex() + firstType;
+  return m_cboItem->currentIndex() + firstOffered;
 }
 
 /// The game has no switches; one can be made by changing a device's type.

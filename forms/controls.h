@@ -4,8 +4,8 @@
 
 #include "forms/form.h"
 
+#include <QAnyStringView>
 #include <QLabel>
-#include <QString>
 
 namespace vnb {
 
@@ -14,27 +14,37 @@ struct Place {
   int left, top, width, height;
 };
 
-/// Adds a control of type `T`, named as given, to a form or container. Its accessible name is its
-/// name until it has a better one.
+/// Sets a control's place within its parent. A text that is longer than its room in the font at
+/// hand gets more: to the right, or to the left if it is aligned to the right.
+void place(QWidget &control, Place at);
+
+/// Adds a control of type `T`, named as given, to a form or container.
 template <class T, class... Arguments>
-T *add(QWidget &parent, const QString &name, Arguments &&...arguments) {
+T *add(QWidget &parent, QAnyStringView name, Arguments &&...arguments) {
   auto *control = new T(&parent, std::forward<Arguments>(arguments)...);
-  control->setObjectName(name);
+  control->setObjectName(name.toString());
+  return control;
+}
+/// The same, at its place.
+template <class T, class... Arguments>
+T *add(QWidget &parent, QAnyStringView name, Place at, Arguments &&...arguments) {
+  T *control = add<T>(parent, name, std::forward<Arguments>(arguments)...);
+  place(*control, at);
   return control;
 }
 
 /// Adds a control with a text (a button, a check box) at its place.
 template <class T>
-T *addCaptioned(QWidget &parent, const char *name, const char *caption, Place at) {
-  T *control = add<T>(parent, QString::fromLatin1(name));
-  control->setText(QString::fromLatin1(caption));
-  control->setAccessibleName(QString::fromLatin1(caption));
-  place(*control, at.left, at.top, at.width, at.height);
+T *addCaptioned(QWidget &parent, QAnyStringView name, QAnyStringView caption, Place at) {
+  T *control = add<T>(parent, name);
+  control->setText(caption.toString());
+  control->setAccessibleName(control->text());
+  place(*control, at);
   return control;
 }
 
 /// Adds a label. Its text is never taken for HTML.
-QLabel *addLabel(QWidget &parent, const QString &name, const QString &text, Place at,
+QLabel *addLabel(QWidget &parent, QAnyStringView name, QAnyStringView text, Place at,
                  Qt::Alignment alignment = Qt::AlignLeft);
 
 /// Names `control` for assistive technology after the text of its label, and ties it to the label.

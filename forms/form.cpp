@@ -110,20 +110,4 @@ void FormWindow::keyPressEvent(QKeyEvent *event) {
     QWidget::keyPressEvent(event);
 }
 
-void place(QWidget &control, int left, int top, int width, int height) {
-  QRect room(pixels(left), pixels(top), pixels(width), pixels(height));
-  const QSize hint = control.sizeHint();
-  const int missing = hint.width() - room.width();
-  const auto *label = qobject_cast<const QLabel *>(&control);
-  if (label != nullptr && missing > 0)
-    (label->alignment() & Qt::AlignRight) != 0 ? room.setLeft(room.left() - missing)
-                                               : room.setRight(room.right() + missing);
-  // A line of text sits at the middle of its control, which grows in both directions.
-  constexpr int oneLine = 26;
-  const int flat = hint.height() - room.height();
-  if (flat > 0 && room.height() < oneLine)
-    room.adjust(0, -flat / 2, 0, flat - flat / 2);
-  control.setGeometry(room);
-}
-
 } // namespace vnb

@@ -49,8 +49,4 @@ private:
   QEventLoop *m_modalLoop = nullptr;
 };
 
-/// Sets a control's place, in twips, within its parent. A text that is longer than its room in the
-/// font at hand gets more: to the right, or to the left if it is aligned to the right.
-void place(QWidget &control, int left, int top, int width, int height);
-
 } // namespace vnb

@@ -85,6 +85,11 @@ int NumberList::ListIndex() const {
   return selected.isEmpty() ? -1 : selected.constFirst().row();
 }
 
+const NumberRow *NumberList::picked() const {
+  const int row = ListIndex();
+  return row < 0 ? nullptr : &rows()[static_cast<std::size_t>(row)];
+}
+
 void NumberList::setListIndex(int row) {
   if (row < 0)
     clearSelection();

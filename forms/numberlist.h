@@ -31,6 +31,8 @@ public:
   /// The selected row, -1 for none.
   int ListIndex() const;
   void setListIndex(int row);
+  /// It, null for none.
+  const NumberRow *picked() const;
 
   /// A row has become selected, by the user or by the program, or the user has picked it again.
   std::function<void()> Click;

@@ -14,9 +14,9 @@ constexpr int margin = 60; // twips
 DevicePanel::DevicePanel(const DiagramParts &diagram, const char *name, const char *caption,
                          QSize client, const char *container)
     : FormWindow(name, caption, client), m_diagram(diagram),
-      m_container(add<QWidget>(*this, QString::fromLatin1(container))),
+      m_container(add<QWidget>(*this, container)),
       m_lblNoDevice(
-          addLabel(*this, QStringLiteral("lblNoDevice"), QStringLiteral("No Device Selected"),
+          addLabel(*this, "lblNoDevice", "No Device Selected",
                    {margin, margin, client.width() - 2 * margin, client.height() - 2 * margin},
                    Qt::AlignHCenter)) {
   m_container->resize(size());

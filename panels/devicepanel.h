@@ -26,6 +26,7 @@ protected:
 
   const DiagramParts &diagram() const { return m_diagram; }
   QWidget &container() { return *m_container; }
+  QWidget &lblNoDevice() { return *m_lblNoDevice; }
   void showDevice();
 
 private:

@@ -14,25 +14,6 @@
 namespace vnb {
 namespace {
 
-/// The group of fields of a type, -1 for none.
-int groupOf(std::int32_t lType) {
-  switch (lType) {
-  case SystemType::Lock:
-    return 0;
-  case SystemType::MainServer:
-  case SystemType::Authentication:
-    return 1;
-  case SystemType::Modem:
-    return 2;
-  case SystemType::IsolationBridge:
-    return 3;
-  case SystemType::RadioReceiver:
-    return 4;
-  default:
-    return -1;
-  }
-}
-
 /// Whether the first row of a lock box is "None". The first lock of a server and both of a bridge
 /// can be chosen but not taken back.
 bool hasNone(std::int32_t box) {
@@ -67,13 +48,10 @@ frmDevice::frmDevice(const DiagramParts &diagram)
 }
 
 void frmDevice::addCommon() {
-  QLabel *lblData = addLabel(container(), QStringLiteral("lblInfo0"),
-                             QStringLiteral("Extra information:"), {60, 90, 1500, 195});
-  m_txtData = add<TextBox>(container(), QStringLiteral("txtData"));
-  place(*m_txtData, 1830, 45, 2760, 285);
+  QLabel *lblData = addLabel(container(), "lblInfo0", "Extra information:", {60, 90, 1500, 195});
+  m_txtData = add<TextBox>(container(), "txtData", {1830, 45, 2760, 285});
   describe(*m_txtData, *lblData);
-  addLabel(container(), QStringLiteral("lblInfo1"), QStringLiteral("Security level:"),
-           {60, 390, 1500, 195});
+  addLabel(container(), "lblInfo1", "Security level:", {60, 390, 1500, 195});
   m_optSecur = new SecurityOptions(container(), {1830, 375, 315, 240});
   m_optSecur->Click = [](std::int32_t Index) {
     if (lSelectedItem != -1)
@@ -82,36 +60,36 @@ void frmDevice::addCommon() {
   connect(m_txtData, &TextBox::textChanged, this, &frmDevice::txtData_Change);
 }
 
-QWidget *frmDevice::addGroup(int index) {
-  auto *group = add<QWidget>(container(), QStringLiteral("picSpecific%1").arg(index));
-  place(*group, 60, 615, 4575, 960);
+QWidget *frmDevice::addGroup(Fields fields) {
+  auto *group =
+      add<QWidget>(container(), QStringLiteral("picSpecific%1").arg(m_picSpecific.size()));
+  place(*group, {60, 615, 4575, 960});
   group->hide();
-  m_picSpecific[static_cast<std::size_t>(index)] = group;
+  m_picSpecific.emplace_back(fields, group);
   return group;
 }
 
 void frmDevice::addGroups() {
-  m_chkLocked = addCaptioned<QCheckBox>(*addGroup(0), "chkLocked", "Locked", {30, 120, 1500, 240});
+  m_chkLocked =
+      addCaptioned<QCheckBox>(*addGroup(Fields::Lock), "chkLocked", "Locked", {30, 120, 1500, 240});
   m_chkLocked->setChecked(true);
   connect(m_chkLocked, &QCheckBox::toggled, this, &frmDevice::chkLocked_Click);
 
-  QWidget *server = addGroup(1);
+  QWidget *server = addGroup(Fields::Server);
   for (int i = 0; i < 3; ++i)
     addLockBox(*server, i, i, QStringLiteral("Lock %1:").arg(i + 1));
 
-  QWidget *modem = addGroup(2);
-  QLabel *lblPhone = addLabel(*modem, QStringLiteral("lblPhone"), QStringLiteral("Phone number:"),
-                              {0, 150, 1500, 195});
-  m_txtPhone = add<TextBox>(*modem, QStringLiteral("txtPhone"));
-  place(*m_txtPhone, 1770, 105, 2760, 285);
+  QWidget *modem = addGroup(Fields::Modem);
+  QLabel *lblPhone = addLabel(*modem, "lblPhone", "Phone number:", {0, 150, 1500, 195});
+  m_txtPhone = add<TextBox>(*modem, "txtPhone", {1770, 105, 2760, 285});
   describe(*m_txtPhone, *lblPhone);
   connect(m_txtPhone, &TextBox::textChanged, this, &frmDevice::txtPhone_Change);
 
-  QWidget *bridge = addGroup(3);
+  QWidget *bridge = addGroup(Fields::Bridge);
   for (int i = 0; i < 2; ++i)
     addLockBox(*bridge, i + 3, i, QStringLiteral("Lock %1:").arg(i + 1));
 
-  addFrequency(*addGroup(4));
+  addFrequency(*addGroup(Fields::Receiver));
 }
 
 void frmDevice::addLockBox(QWidget &group, int index, int column, const QString &caption) {
@@ -123,7 +101,7 @@ void frmDevice::addLockBox(QWidget &group, int index, int column, const QString 
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(5);
   box->setModel(&rows(index));
-  place(*box, column * columnWidth, 360, 1440, 330);
+  place(*box, {column * columnWidth, 360, 1440, 330});
   describe(*box, *label);
   m_cboLock[static_cast<std::size_t>(index)] = box;
   box->Click = [this, index] { cboLock_Click(index); };
@@ -141,13 +119,12 @@ void frmDevice::addFrequency(QWidget &group) {
   const QString caption = QStringLiteral("Frequency:");
   const QFont stretched = stretchedFont(
       font(), caption + run, pixels(pointAt) - QFontMetricsF(font()).horizontalAdvance(u'.') / 2);
-  QLabel *lblFreq =
-      addLabel(group, QStringLiteral("lblFreq"), caption + run + u'.' + run + QStringLiteral("GHz"),
-               {0, 150, 4500, 195});
+  QLabel *lblFreq = addLabel(group, "lblFreq", caption + run + u'.' + run + QStringLiteral("GHz"),
+                             {0, 150, 4500, 195});
   lblFreq->setFont(stretched);
   for (std::size_t i = 0; i < m_txtFreq.size(); ++i) {
-    m_txtFreq[i] = add<TextBox>(group, QStringLiteral("txtFreq%1").arg(i), 3);
-    place(*m_txtFreq[i], boxLefts[i], boxTop, boxWidth, 285);
+    m_txtFreq[i] = add<TextBox>(group, QStringLiteral("txtFreq%1").arg(i),
+                                Place{boxLefts[i], boxTop, boxWidth, 285}, 3);
     m_txtFreq[i]->setAccessibleName(i == 0 ? QStringLiteral("Frequency, whole GHz")
                                            : QStringLiteral("Frequency, digits behind the point"));
     connect(m_txtFreq[i], &TextBox::textChanged, this, [this, i] { txtFreq_Change(i); });
@@ -164,13 +141,14 @@ void frmDevice::Form_Load() {
 }
 
 void frmDevice::UpdateColors() {
-  applyColours(*this, {{"optSecur", ColourException::Kind::Security},
-                       {"lblNoDevice", ColourException::Kind::RedText}});
+  applyColours(*this);
+  m_optSecur->UpdateColors();
+  setForeground(lblNoDevice(), RedTextColor);
 }
 
-void frmDevice::showGroup(int index) {
-  for (int i = 0; i < static_cast<int>(m_picSpecific.size()); ++i)
-    m_picSpecific[static_cast<std::size_t>(i)]->setVisible(i == index);
+void frmDevice::showGroup(Fields fields) {
+  for (const auto &[of, group] : m_picSpecific)
+    group->setVisible(of == fields);
 }
 
 void frmDevice::selectionFill() {
@@ -190,29 +168,29 @@ void frmDevice::fillCommon() {
 /// the locks get their frames.
 void frmDevice::fillGroup() {
   const SystemRec record = selectedSystem();
-  const int group = groupOf(record.lType);
-  showGroup(group);
-  switch (group) {
-  case 0:
+  const Fields fields = typeRow(record.lType).fields;
+  showGroup(fields);
+  switch (fields) {
+  case Fields::Lock:
     m_chkLocked->setChecked(record.lData1 != 0);
     break;
-  case 1:
+  case Fields::Server:
     Choose(0, record.lData1);
     Choose(1, record.lData2);
     Choose(2, record.lData3);
     break;
-  case 2:
+  case Fields::Modem:
     m_txtPhone->setContent(record.sDataX);
     break;
-  case 3:
+  case Fields::Bridge:
     Choose(3, record.lData1);
     Choose(4, record.lData2);
     break;
-  case 4:
+  case Fields::Receiver:
     m_txtFreq[0]->setContent(QString::number(record.lData1));
     m_txtFreq[1]->setContent(QString::number(record.lData2));
     break;
-  default:
+  case Fields::None:
     break;
   }
 }

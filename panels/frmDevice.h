@@ -39,13 +39,13 @@ public:
 private:
   void addCommon();
   void addGroups();
-  QWidget *addGroup(int index);
+  QWidget *addGroup(Fields fields);
   void addLockBox(QWidget &group, int index, int column, const QString &caption);
   void addFrequency(QWidget &group);
 
   void fillCommon();
   void fillGroup();
-  void showGroup(int index);
+  void showGroup(Fields fields);
 
   LockRows &rows(std::int32_t box);
   void cboLock_Click(std::int32_t Index);
@@ -56,7 +56,7 @@ private:
 
   TextBox *m_txtData = nullptr;
   SecurityOptions *m_optSecur = nullptr;
-  std::array<QWidget *, 5> m_picSpecific{};
+  std::vector<std::pair<Fields, QWidget *>> m_picSpecific; // in the order of their names
   QCheckBox *m_chkLocked = nullptr;
   std::array<DropDown *, lockBoxes> m_cboLock{};
   TextBox *m_txtPhone = nullptr;

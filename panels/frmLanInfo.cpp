@@ -11,83 +11,43 @@
 namespace vnb {
 namespace {
 
+/// Label and box are named after the field.
 struct FieldRow {
-  const char *label, *caption;
-  Place labelAt;
-  const char *box, *change, *design;
-  Place boxAt;
-  int limit;
-  QString LanHeaderRec::*text; // one of these two
+  const char *name, *caption;
+  int labelLeft, labelWidth, boxLeft, boxWidth, top; // twips
+  const char *design;                                // the text in the design state
+  int limit;                                         // characters
+  QString LanHeaderRec::*text;                       // one of these two
   std::int32_t LanHeaderRec::*number;
+
+  QString label() const { return QStringLiteral("lbl") + QLatin1String(name); }
+  QString box() const { return QStringLiteral("txt") + QLatin1String(name); }
 };
 
-constexpr int numberLimit = 3;
+constexpr int noLimit = TextBox::noLimit;
 
 /// By HeaderField.
 constexpr std::array<FieldRow, 5> rows{{
-    {"lblName",
-     "LAN Name: ",
-     {60, 105, 900, 195},
-     "txtName",
-     "txtName_Change",
-     "Sample Local Area Network",
-     {1260, 60, 2925, 285},
-     TextBox::noLimit,
-     &LanHeaderRec::NAME,
+    {"Name", "LAN Name: ", 60, 900, 1260, 2925, 60, "Sample Local Area Network", noLimit,
+     &LanHeaderRec::NAME, nullptr},
+    {"Company", "Company:", 60, 900, 1260, 2925, 420, "Sample Company", noLimit,
+     &LanHeaderRec::COMPANY, nullptr},
+    {"IP", "IP Address:", 60, 900, 1260, 2925, 780, "127.432.543.123", noLimit, &LanHeaderRec::IP,
      nullptr},
-    {"lblCompany",
-     "Company:",
-     {60, 465, 900, 195},
-     "txtCompany",
-     "txtCompany_Change",
-     "Sample Company",
-     {1260, 420, 2925, 285},
-     TextBox::noLimit,
-     &LanHeaderRec::COMPANY,
-     nullptr},
-    {"lblIP",
-     "IP Address:",
-     {60, 825, 900, 195},
-     "txtIP",
-     "txtIP_Change",
-     "127.432.543.123",
-     {1260, 780, 2925, 285},
-     TextBox::noLimit,
-     &LanHeaderRec::IP,
-     nullptr},
-    {"lblX",
-     "X:",
-     {1980, 1185, 195, 195},
-     "txtX",
-     "txtX_Change",
-     "20",
-     {2265, 1140, 660, 285},
-     numberLimit,
-     nullptr,
-     &LanHeaderRec::XPOS},
-    {"lblY",
-     "Y:",
-     {3240, 1185, 195, 195},
-     "txtY",
-     "txtY_Change",
-     "20",
-     {3525, 1140, 660, 285},
-     numberLimit,
-     nullptr,
-     &LanHeaderRec::YPOS},
+    {"X", "X:", 1980, 195, 2265, 660, 1140, "20", 3, nullptr, &LanHeaderRec::XPOS},
+    {"Y", "Y:", 3240, 195, 3525, 660, 1140, "20", 3, nullptr, &LanHeaderRec::YPOS},
 }};
 
 } // namespace
 
 frmLanInfo::frmLanInfo() : FormWindow("frmLanInfo", "LAN Info", {4245, 1500}) {
-  addLabel(*this, QStringLiteral("lblWorldmap"), QStringLiteral("Worldmap location:"),
-           {60, 1185, 1800, 195});
+  addLabel(*this, "lblWorldmap", "Worldmap location:", {60, 1185, 1800, 195});
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const FieldRow &row = rows[i];
-    QLabel *label = addLabel(*this, QString::fromLatin1(row.label),
-                             QString::fromLatin1(row.caption), row.labelAt);
-    m_boxes[i] = add<TextBox>(*this, QString::fromLatin1(row.box), row.limit);
-    place(*m_boxes[i], row.boxAt.left, row.boxAt.top, row.boxAt.width, row.boxAt.height);
+    QLabel *label = addLabel(*this, row.label(), row.caption,
+                             {row.labelLeft, row.top + 45, row.labelWidth, 195});
+    m_boxes[i] =
+        add<TextBox>(*this, row.box(), Place{row.boxLeft, row.top, row.boxWidth, 285}, row.limit);
     describe(*m_boxes[i], *label);
     m_boxes[i]->setContent(QString::fromLatin1(row.design));
     connect(m_boxes[i], &TextBox::textChanged, this,
@@ -120,7 +80,7 @@ void frmLanInfo::showField(HeaderField field) {
 
 void frmLanInfo::Change(HeaderField field) {
   const FieldRow &row = rows[static_cast<std::size_t>(field)];
-  reported("frmLanInfo", row.change, [&] {
+  reported("frmLanInfo", qUtf8Printable(row.box() + QStringLiteral("_Change")), [&] {
     if (LoadingFile)
       return;
     const QString text = m_boxes[static_cast<std::size_t>(field)]->text();

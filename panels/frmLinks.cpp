@@ -24,25 +24,16 @@ struct Spot {
   int column, row; // quarters
 };
 
-constexpr std::array<Spot, 17> spots{{
-    {0, 0},
-    {1, 0},
-    {2, 0},
-    {3, 0},
-    {4, 0},
-    {0, 1},
-    {4, 1},
-    {0, 2},
-    {2, 2},
-    {4, 2},
-    {0, 3},
-    {4, 3},
-    {0, 4},
-    {1, 4},
-    {2, 4},
-    {3, 4},
-    {4, 4},
-}};
+/// Those on the edge and the one at the centre, row by row.
+constexpr std::array<Spot, 17> spots = [] {
+  std::array<Spot, 17> result{};
+  auto *next = result.begin();
+  for (int row = 0; row <= 4; ++row)
+    for (int column = 0; column <= 4; ++column)
+      if (row % 4 == 0 || column % 4 == 0 || (row == 2 && column == 2))
+        *next++ = {column, row};
+  return result;
+}();
 constexpr int centre = 8;
 constexpr int other = 17;
 
@@ -58,10 +49,10 @@ int spotAt(double x, double y) {
 }
 
 QFrame *addFrame(QWidget &parent, const char *name, Place at) {
-  auto *frame = add<QFrame>(parent, QString::fromLatin1(name));
+  auto *frame = add<QFrame>(parent, name);
   frame->setFrameStyle(QFrame::Box | QFrame::Plain);
   frame->setForegroundRole(QPalette::Mid);
-  place(*frame, at.left, at.top, at.width, at.height);
+  place(*frame, at);
   return frame;
 }
 
@@ -79,17 +70,14 @@ frmLinks::frmLinks(const DiagramParts &diagram)
 }
 
 void frmLinks::addList() {
-  m_lblLinks = addLabel(container(), QStringLiteral("lblLinks"), QStringLiteral("Links for #####:"),
-                        {60, 45, 6000, 195});
-  m_lstLinks = add<NumberList>(container(), QStringLiteral("lstLinks"));
-  place(*m_lstLinks, 60, 285, 3495, 1275);
+  m_lblLinks = addLabel(container(), "lblLinks", "Links for #####:", {60, 45, 6000, 195});
+  m_lstLinks = add<NumberList>(container(), "lstLinks", {60, 285, 3495, 1275});
   m_lstLinks->setAccessibleName(QStringLiteral("Links"));
   m_lstLinks->Click = [this] { lstLinks_Click(); };
   auto *cmdRemove =
       addCaptioned<QPushButton>(container(), "cmdRemove", "Remove link", {60, 1620, 1590, 345});
   connect(cmdRemove, &QPushButton::clicked, this, &frmLinks::cmdRemove_Click);
-  addLabel(container(), QStringLiteral("lblInfo"), QStringLiteral("Security level:"),
-           {3705, 345, 1200, 195});
+  addLabel(container(), "lblInfo", "Security level:", {3705, 345, 1200, 195});
 }
 
 void frmLinks::addPicker() {
@@ -98,14 +86,13 @@ void frmLinks::addPicker() {
   constexpr int size = 180;
   addFrame(container(), "shpFrame0", {3675, 780, 1140, 1185});
   addFrame(container(), "shpFrame1", {4800, 780, 1500, 1185});
-  QLabel *lblPosn = addLabel(container(), QStringLiteral("lblPosn"),
-                             QStringLiteral(" Link position: "), {3780, 690, 1200, 195});
+  QLabel *lblPosn = addLabel(container(), "lblPosn", " Link position: ", {3780, 690, 1200, 195});
   lblPosn->setAutoFillBackground(true);
   lblPosn->setBackgroundRole(QPalette::Base);
   for (std::size_t i = 0; i < spots.size(); ++i) {
     auto *option = add<PushOption>(container(), QStringLiteral("optPosition%1").arg(i));
     const auto [column, row] = spots[i];
-    place(*option, left + column * size, top + row * size, size, size);
+    place(*option, {left + column * size, top + row * size, size, size});
     option->setAccessibleName(QStringLiteral("Link position %1, %2")
                                   .arg(doubleText(fraction(column)), doubleText(fraction(row))));
     m_optPosition.addButton(option, static_cast<int>(i));
@@ -119,10 +106,8 @@ void frmLinks::addPicker() {
 void frmLinks::addBoxes() {
   static constexpr int limit = 4;
   const auto box = [this](const char *label, const char *caption, const char *name, int top) {
-    QLabel *text = addLabel(container(), QString::fromLatin1(label), QString::fromLatin1(caption),
-                            {4890, top + 30, 240, 195});
-    auto *result = add<TextBox>(container(), QString::fromLatin1(name), limit);
-    place(*result, 5190, top, 960, 270);
+    QLabel *text = addLabel(container(), label, caption, {4890, top + 30, 240, 195});
+    auto *result = add<TextBox>(container(), name, Place{5190, top, 960, 270}, limit);
     describe(*result, *text);
     result->setContent(QStringLiteral("0.5"));
     return result;
@@ -144,7 +129,8 @@ void frmLinks::Form_Load() {
 }
 
 void frmLinks::UpdateColors() {
-  applyColours(*this, {{"optSecur", ColourException::Kind::Security}});
+  applyColours(*this);
+  m_optSecur->UpdateColors();
 }
 
 void frmLinks::fillList() {
@@ -177,10 +163,8 @@ bool frmLinks::isFirstEnd(const LinkRec &link) const {
 }
 
 LinkRec *frmLinks::currentLink() const {
-  const int row = m_lstLinks->ListIndex();
-  if (row < 0)
-    return nullptr;
-  return &at(Links, m_lstLinks->rows()[static_cast<std::size_t>(row)].number);
+  const NumberRow *const row = m_lstLinks->picked();
+  return row == nullptr ? nullptr : &at(Links, row->number);
 }
 
 void frmLinks::lstLinks_Click() {
@@ -255,21 +239,21 @@ void frmLinks::optSecur_Click(std::int32_t Index) {
 
 void frmLinks::cmdRemove_Click() {
   reported("frmLinks", "cmdRemove_Click", [this] {
-    const int row = m_lstLinks->ListIndex();
-    if (row < 0)
+    const NumberRow *const picked = m_lstLinks->picked();
+    if (picked == nullptr)
       return;
-    const NumberRow chosen = m_lstLinks->rows()[static_cast<std::size_t>(row)];
+    const std::int32_t lLink = picked->number;
     if (showMessageBox({.title = QStringLiteral("Really remove?"),
                         .text = QStringLiteral("Are you sure you want to remove the link ") +
-                                chosen.text.mid(5) + u'?',
+                                linkDirection(at(Links, lLink), lSelectedItem) + u'?',
                         .icon = MessageBox::Icon::Question,
                         .buttons = MessageBox::Buttons::YesNo}) != Answer::Yes)
       return;
-    diagram().operations.RemoveLink(chosen.number, false);
+    diagram().operations.RemoveLink(lLink, false);
     diagram().selection.ClearLinkHilites(); // another line has its number now
-    m_lstLinks->removeRow(row);
+    m_lstLinks->removeRow(m_lstLinks->ListIndex());
     m_lstLinks->renumber([&](std::int32_t &number) {
-      if (number > chosen.number)
+      if (number > lLink)
         --number;
     });
   });

@@ -34,12 +34,12 @@ std::vector<bool> listedFor(std::int32_t lFor) {
 /// Moves the selected row of one list to the end of the other. Its number, or -1 if none is
 /// selected.
 std::int32_t moveRow(NumberList &from, NumberList &to) {
-  const int row = from.ListIndex();
-  if (row < 0)
+  const NumberRow *const picked = from.picked();
+  if (picked == nullptr)
     return -1;
-  const NumberRow moved = from.rows()[static_cast<std::size_t>(row)];
+  const NumberRow moved = *picked;
   to.addRow(moved);
-  from.removeRow(row);
+  from.removeRow(from.ListIndex());
   return moved.number;
 }
 
@@ -47,29 +47,28 @@ std::int32_t moveRow(NumberList &from, NumberList &to) {
 
 frmSubnet::frmSubnet(const DiagramParts &diagram)
     : DevicePanel(diagram, "frmSubnet", "Valid Subnets", {7485, 1845}, "picSubnets") {
-  m_lblSubnets = addLabel(container(), QStringLiteral("lblSubnets"),
-                          QStringLiteral("Valid subnets for #####:"), {60, 45, 7200, 195});
-  m_lstSubnets = add<NumberList>(container(), QStringLiteral("lstSubnets"));
+  m_lblSubnets =
+      addLabel(container(), "lblSubnets", "Valid subnets for #####:", {60, 45, 7200, 195});
+  m_lstSubnets = add<NumberList>(container(), "lstSubnets");
   m_lstSubnets->setAccessibleName(QStringLiteral("Valid subnets"));
   m_picAdd =
       addButton("picAdd", "ADDSUB", "Add a subnet", 270, images().add, &frmSubnet::picAdd_Click);
   m_picRemove = addButton("picRemove", "DELSUB", "Remove a subnet", 480, images().remove,
                           &frmSubnet::picRemove_Click);
-  m_lstSystems = add<NumberList>(container(), QStringLiteral("lstSystems"));
+  m_lstSystems = add<NumberList>(container(), "lstSystems");
   m_lstSystems->setAccessibleName(QStringLiteral("Other systems"));
-  place(*m_lstSubnets, 60, 270, 3510, 1320);
-  place(*m_lstSystems, 3885, 270, 3510, 1320);
+  place(*m_lstSubnets, {60, 270, 3510, 1320});
+  place(*m_lstSystems, {3885, 270, 3510, 1320});
   m_lstSubnets->Click = [this] { lstSubnets_Click(); };
   showNoDevice();
 }
 
 PictureButton *frmSubnet::addButton(const char *name, const char *tag, const char *toolTip, int top,
                                     ButtonImageSet &set, void (frmSubnet::*click)()) {
-  auto *button =
-      add<PictureButton>(container(), QString::fromLatin1(name), QString::fromLatin1(tag));
+  auto *button = add<PictureButton>(container(), name, QString::fromLatin1(tag));
   button->setToolTip(QString::fromLatin1(toolTip));
   button->setAccessibleName(button->toolTip());
-  place(*button, 3630, top, 195, 195);
+  place(*button, {3630, top, 195, 195});
   DoImage(*button, set, true);
   button->MouseDown = [button, &set] { DoImage(*button, set, false); };
   button->MouseUp = [button, &set] { DoImage(*button, set, true); };
@@ -82,7 +81,8 @@ void frmSubnet::Form_Load() {
 }
 
 void frmSubnet::UpdateColors() {
-  applyColours(*this, {{"lblNoDevice", ColourException::Kind::RedText}});
+  applyColours(*this);
+  setForeground(lblNoDevice(), RedTextColor);
 }
 
 void frmSubnet::loadImages(const QString &tag, const QString &files) {
@@ -111,11 +111,9 @@ void frmSubnet::selectionFill() {
 }
 
 void frmSubnet::lstSubnets_Click() {
-  const int row = m_lstSubnets->ListIndex();
-  if (row < 0)
-    return;
-  const std::int32_t lSystem = m_lstSubnets->rows()[static_cast<std::size_t>(row)].number;
-  reported("frmSubnet", "lstSubnets_Click", [&] { diagram().selection.pickSubnet(lSystem); });
+  const NumberRow *const row = m_lstSubnets->picked();
+  if (row != nullptr)
+    reported("frmSubnet", "lstSubnets_Click", [&] { diagram().selection.pickSubnet(row->number); });
 }
 
 void frmSubnet::picAdd_Click() {

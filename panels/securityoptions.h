@@ -19,6 +19,9 @@ public:
   /// Marks a level, 1 to 3. Raises 340 for any other, and no level is marked then.
   void mark(std::int32_t lSecur);
 
+  /// The buttons in SecureColor, their digits in its inverse.
+  void UpdateColors();
+
   /// As OptionGroup's; `Index` is the level less 1.
   std::function<void(std::int32_t Index)> Click;
 

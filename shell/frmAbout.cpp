@@ -35,10 +35,10 @@ frmAbout::frmAbout() : FormWindow("frmAbout", "About", {5970, 4290}) {
                    Qt::black, Qt::black);
   setPalette(onBlack);
   addButtons();
-  m_picAbout = addLabel(*this, QStringLiteral("picAbout"), {}, {330, 540, 5310, 3600});
+  m_picAbout = addLabel(*this, "picAbout", {}, {330, 540, 5310, 3600});
   m_picAbout->setPixmap(LoadResPicture(QStringLiteral("LOGO")));
   m_picAbout->setAccessibleName(QStringLiteral("Vantry Network Builder"));
-  m_txtAbout = add<QPlainTextEdit>(*this, QStringLiteral("txtAbout"));
+  m_txtAbout = add<QPlainTextEdit>(*this, "txtAbout");
   m_txtAbout->setAccessibleName(QStringLiteral("Page text"));
   m_txtAbout->setReadOnly(true);
   m_txtAbout->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -47,7 +47,7 @@ frmAbout::frmAbout() : FormWindow("frmAbout", "About", {5970, 4290}) {
   m_txtAbout->setFont(arial);
   onBlack.setColor(QPalette::Button, Qt::darkGray); // the slider
   m_txtAbout->verticalScrollBar()->setPalette(onBlack);
-  place(*m_txtAbout, 30, 450, 5910, 3780);
+  place(*m_txtAbout, {30, 450, 5910, 3780});
   showPage(false);
 }
 
@@ -56,7 +56,7 @@ void frmAbout::addButtons() {
     auto *button = add<PageButton>(*this, QStringLiteral("picButton%1").arg(i), buttons[i].colours);
     button->setText(QString::fromLatin1(buttons[i].caption));
     button->setAccessibleName(button->text());
-    place(*button, buttons[i].left, 30, 1275, 345);
+    place(*button, {buttons[i].left, 30, 1275, 345});
     connect(button, &PageButton::clicked, this, [this, i] { picButton_Click(i); });
     m_picButton[i] = button;
   }

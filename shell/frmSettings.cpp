@@ -40,10 +40,9 @@ const std::array<SwatchRow, 7> swatches{{
 frmSettings::frmSettings(EditorView &view)
     : FormWindow("frmSettings", "Settings", {5295, 1650}), m_view(view) {
   m_chkGrid = addCaptioned<QCheckBox>(*this, "chkGrid", "Draw Grid", {105, 105, 1140, 180});
-  QLabel *lblGridRes = addLabel(*this, QStringLiteral("lblGridRes"),
-                                QStringLiteral("Grid resolution (px):"), {390, 360, 1650, 180});
-  m_txtGridRes = add<TextBox>(*this, QStringLiteral("txtGridRes"), digits);
-  place(*m_txtGridRes, 2100, 360, 450, 240);
+  QLabel *lblGridRes =
+      addLabel(*this, "lblGridRes", "Grid resolution (px):", {390, 360, 1650, 180});
+  m_txtGridRes = add<TextBox>(*this, "txtGridRes", Place{2100, 360, 450, 240}, digits);
   describe(*m_txtGridRes, *lblGridRes);
   m_chkLoadLast =
       addCaptioned<QCheckBox>(*this, "chkLoadLast", "Auto-load last file", {105, 660, 1800, 195});
@@ -66,7 +65,7 @@ void frmSettings::addSwatches() {
                  {row.labelLeft, row.labelTop, row.labelWidth, 180}, Qt::AlignRight);
     m_picColor[i] = add<Swatch>(*this, QStringLiteral("picColor") + index);
     m_picColor[i]->setFocusPolicy(Qt::StrongFocus);
-    place(*m_picColor[i], 4140, row.top, 615, 210);
+    place(*m_picColor[i], {4140, row.top, 615, 210});
     describe(*m_picColor[i], *label);
     connect(m_picColor[i], &Swatch::clicked, this, [this, i] { picColor_Click(i); });
   }
@@ -82,7 +81,7 @@ void frmSettings::Form_Load() {
 }
 
 void frmSettings::UpdateColors() {
-  applyColours(*this, {{"picColor", ColourException::Kind::Untouched}});
+  applyColours(*this);
 }
 
 void frmSettings::txtGridRes_Change() {

@@ -32,9 +32,9 @@ frmSplash::frmSplash() : FormWindow("frmSplash", "", {6240, 4665}) {
   QPalette onBlack = palette();
   onBlack.setColor(QPalette::WindowText, Qt::white);
   setPalette(onBlack);
-  auto *picAbout = addLabel(*this, QStringLiteral("picAbout"), {}, {465, 180, 5310, 3600});
+  auto *picAbout = addLabel(*this, "picAbout", {}, {465, 180, 5310, 3600});
   picAbout->setPixmap(LoadResPicture(QStringLiteral("LOGO")));
-  m_lblLoading = addLabel(*this, QStringLiteral("lblLoading"), {}, {585, 3870, 5070, 690});
+  m_lblLoading = addLabel(*this, "lblLoading", {}, {585, 3870, 5070, 690});
   m_lblLoading->setFont(loadingFont());
   m_lblLoading->setText(QStringLiteral("Loading..."));
   m_tmrDots.callOnTimeout(this, [this] { tmrDots_Timer(); });
