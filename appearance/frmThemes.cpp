@@ -69,7 +69,7 @@ frmThemes::frmThemes(EditorView &view)
       addCaptioned<QPushButton>(*this, "cmdSwitch", "Switch (temp button)", {4260, 75, 2415, 360});
   QLabel *available = addLabel(*this, "lblAvailable", "Available themes:", {75, 345, 1695, 195});
   m_lstThemes = add<NumberList>(*this, "lstThemes", {120, 660, 2970, 2370});
-  describe(*m_lstThemes, *available);
+  nameAfter(*m_lstThemes, *available);
   m_lblName = addLabel(*this, "lblName", "Name:", {3210, 660, 3870, 195});
   m_lblAuthor = addLabel(*this, "lblAuthor", "Author: ", {3210, 930, 3870, 195});
   QLabel *description = addLabel(*this, "lblDesc", "Description:", {3210, 1200, 1140, 195});
@@ -78,7 +78,7 @@ frmThemes::frmThemes(EditorView &view)
   m_txtDescription->setTabChangesFocus(true);
   m_txtDescription->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   place(*m_txtDescription, {3210, 1485, 3870, 1665});
-  describe(*m_txtDescription, *description);
+  nameAfter(*m_txtDescription, *description);
   setTabOrder(m_lstThemes, cmdSwitch);
   setTabOrder(cmdSwitch, m_txtDescription);
   m_lstThemes->Click = [this] { lstThemes_Click(); };

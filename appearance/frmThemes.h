@@ -12,6 +12,7 @@ namespace vnb {
 
 class NumberList;
 
+/// Stays open after a switch, so that one theme after the other can be tried.
 class frmThemes : public FormWindow {
 public:
   /// `view` takes the themes.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-/// Colours, pictures and settings that the whole program shares, zero or empty until first set.
+/// Colours and settings that the whole program shares, zero or empty until first set.
 #pragma once
 
 #include <QColor>

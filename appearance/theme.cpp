@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include <algorithm>
 #include <array>
 
 namespace vnb {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bench/pairreporter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <ostream>

@@ -2,7 +2,7 @@
 /// What panels, gestures and toolbox share.
 #pragma once
 
-#include "diagram/operations.h"
+#include "diagram/diagramoperations.h"
 #include "diagram/selection.h"
 
 namespace vnb {

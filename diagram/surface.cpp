@@ -2,7 +2,7 @@
 #include "diagram/surface.h"
 
 #include "appearance/images.h"
-#include "diagram/accessible.h"
+#include "diagram/accessiblesurface.h"
 #include "document/displaynames.h"
 #include "forms/form.h"
 
@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <algorithm>
 #include <vector>
 
 namespace vnb {
@@ -90,7 +91,7 @@ Surface::Surface(QWidget *parent) : QWidget(parent) {
   QFont numberFont = formFont(9.75);
   numberFont.setBold(true);
   setFont(numberFont);
-  describeSurfaces();
+  installSurfaceAccess();
   setObjectName(QStringLiteral("picLayout"));
   setAccessibleName(QStringLiteral("Layout"));
   lneXOR.BorderColor = designBandColour;

@@ -39,8 +39,8 @@ public:
   /// Wipes the grid.
   void Cls();
   bool hasGrid() const { return m_grid.distance != 0; }
-  /// Draws the grid, GridRes apart in GridColor, on the persistent layer. `yield` is called for
-  /// each step. Draws nothing at a distance of 0 or below.
+  /// From now on the grid is there, GridRes apart in GridColor as they are now. `yield` is called
+  /// for each step. Draws nothing at a distance of 0 or below.
   void DrawGrid(const std::function<void()> &yield = {});
 
   /// Where sprite `i` is. Raises 6 beyond 16 bits and 340 if there is none.
@@ -69,7 +69,7 @@ protected:
   void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-  /// The drawn grid: what there is of the persistent layer.
+  /// The grid: distance and colour, from which a paint event fills its part.
   struct Grid {
     std::int32_t distance = 0; // 0 for a wiped layer
     Colour colour = 0;

@@ -3,6 +3,7 @@
 
 #include "runtime/report.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vnb {

@@ -27,6 +27,7 @@ inline constexpr std::int32_t Last = 16;
 /// The fields that some types have beside those of all devices.
 enum class Fields : std::uint8_t { None, Lock, Server, Modem, Bridge, Receiver };
 
+/// One type. Whoever adds one adds this and its picture.
 struct TypeRow {
   std::string_view resID;         // built-in bitmap
   std::string_view plain;         // name

@@ -40,7 +40,7 @@ frmToolbox::frmToolbox(DocumentOperations &operations, Gestures &gestures)
   m_cboItem = add<DropDown>(*this, "cboItem");
   // For assistive technology, which takes a drop-down list's name from its value.
   QLabel *lblItem = addLabel(*this, "lblItem", "Device type:", {});
-  describe(*m_cboItem, *lblItem);
+  nameAfter(*m_cboItem, *lblItem);
   lblItem->hide();
   m_cboItem->setMaxVisibleItems(SystemType::Last);
   place(*m_cboItem, {90, 375, 1860, 300});

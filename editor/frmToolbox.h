@@ -11,6 +11,8 @@ class DropDown;
 class Gestures;
 class PictureBox;
 
+/// Adds the device that its list shows: at the corner by its button, anywhere by a drag of the
+/// picture.
 class frmToolbox : public FormWindow {
 public:
   /// Devices are added by `operations`, and dropped by `gestures`.

@@ -31,7 +31,7 @@ QLabel *addLabel(QWidget &parent, QAnyStringView name, QAnyStringView text, Plac
   return label;
 }
 
-void describe(QWidget &control, QLabel &label) {
+void nameAfter(QWidget &control, QLabel &label) {
   QString name = label.text().simplified();
   if (name.endsWith(u':'))
     name.chop(1);

@@ -48,6 +48,6 @@ QLabel *addLabel(QWidget &parent, QAnyStringView name, QAnyStringView text, Plac
                  Qt::Alignment alignment = Qt::AlignLeft);
 
 /// Names `control` for assistive technology after the text of its label, and ties it to the label.
-void describe(QWidget &control, QLabel &label);
+void nameAfter(QWidget &control, QLabel &label);
 
 } // namespace vnb

@@ -9,6 +9,8 @@
 #include <QMessageBox>
 #include <QPointer>
 
+#include <algorithm>
+
 namespace vnb {
 namespace {
 

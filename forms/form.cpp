@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/form.h"
 
-#include "forms/accessible.h"
+#include "forms/accessibleforms.h"
 #include "runtime/twips.h"
 
 #include <QAbstractButton>
@@ -47,7 +47,7 @@ public:
 } // namespace
 
 FormWindow::FormWindow(const char *name, const char *caption, QSize client) {
-  describeForms();
+  installFormAccess();
   setObjectName(QString::fromLatin1(name));
   setWindowTitle(QString::fromLatin1(caption));
   setFont(formFont(8.25));

@@ -17,6 +17,7 @@ namespace vnb {
 /// Knows all forms but the main window, which owns the table; they end with it.
 class FormTable {
 public:
+  /// One form, and how it is made.
   struct Row {
     std::type_index type;
     bool themed; // whether its colours are a theme's
@@ -63,6 +64,7 @@ public:
   void unload();
 
 private:
+  /// A row with the form of the moment.
   struct Slot {
     Row row;
     QPointer<FormWindow> form;

@@ -10,6 +10,7 @@
 
 namespace vnb {
 
+/// Gives a row's text when it is painted: a list of thousands is filled at once.
 class NumberList::Model : public QAbstractListModel {
 public:
   using QAbstractListModel::QAbstractListModel;

@@ -9,6 +9,7 @@
 
 namespace vnb {
 
+/// A row: what it shows, and the device or link that it stands for.
 struct NumberRow {
   QString text;
   std::int32_t number = 0;

@@ -9,6 +9,7 @@
 
 namespace vnb {
 
+/// Shows a picture in its own size, and can be dragged from.
 class PictureBox : public QWidget {
 public:
   explicit PictureBox(QWidget *parent) : QWidget(parent) {}

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/picturebutton.h"
 
-#include "forms/accessible.h"
+#include "forms/accessibleforms.h"
 #include "forms/pictures.h"
 
 #include <QKeyEvent>
@@ -20,7 +20,7 @@ void fire(const std::function<void()> &handler) {
 
 PictureButton::PictureButton(QWidget *parent, const QString &tag)
     : QWidget(parent), m_tag(tag), m_picture(LoadResPicture(tag)) {
-  describeForms();
+  installFormAccess();
   setMouseTracking(true);
   setFocusPolicy(Qt::TabFocus);
 }

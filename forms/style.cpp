@@ -10,6 +10,7 @@
 namespace vnb {
 namespace {
 
+/// What Fusion draws otherwise than the design has it.
 class Style : public QProxyStyle {
 public:
   Style() : QProxyStyle(QStringLiteral("Fusion")) {}

@@ -7,6 +7,8 @@
 #include "runtime/numbers.h"
 #include "runtime/report.h"
 
+#include <algorithm>
+
 namespace vnb {
 namespace {
 

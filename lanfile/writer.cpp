@@ -6,6 +6,7 @@
 #include "runtime/numbers.h"
 #include "runtime/report.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <memory>

@@ -50,7 +50,7 @@ frmDevice::frmDevice(const DiagramParts &diagram)
 void frmDevice::addCommon() {
   QLabel *lblData = addLabel(container(), "lblInfo0", "Extra information:", {60, 90, 1500, 195});
   m_txtData = add<TextBox>(container(), "txtData", {1830, 45, 2760, 285});
-  describe(*m_txtData, *lblData);
+  nameAfter(*m_txtData, *lblData);
   addLabel(container(), "lblInfo1", "Security level:", {60, 390, 1500, 195});
   m_optSecur = new SecurityOptions(container(), {1830, 375, 315, 240});
   m_optSecur->Click = [](std::int32_t Index) {
@@ -82,7 +82,7 @@ void frmDevice::addGroups() {
   QWidget *modem = addGroup(Fields::Modem);
   QLabel *lblPhone = addLabel(*modem, "lblPhone", "Phone number:", {0, 150, 1500, 195});
   m_txtPhone = add<TextBox>(*modem, "txtPhone", {1770, 105, 2760, 285});
-  describe(*m_txtPhone, *lblPhone);
+  nameAfter(*m_txtPhone, *lblPhone);
   connect(m_txtPhone, &TextBox::textChanged, this, &frmDevice::txtPhone_Change);
 
   QWidget *bridge = addGroup(Fields::Bridge);
@@ -102,7 +102,7 @@ void frmDevice::addLockBox(QWidget &group, int index, int column, const QString 
   box->setMinimumContentsLength(5);
   box->setModel(&rows(index));
   place(*box, {column * columnWidth, 360, 1440, 330});
-  describe(*box, *label);
+  nameAfter(*box, *label);
   m_cboLock[static_cast<std::size_t>(index)] = box;
   box->Click = [this, index] { cboLock_Click(index); };
 }

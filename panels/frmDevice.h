@@ -15,6 +15,7 @@ namespace vnb {
 class DropDown;
 class TextBox;
 
+/// What it shows of a device depends on the type: one of five groups of fields, or none.
 class frmDevice : public DevicePanel {
 public:
   static constexpr std::int32_t lockBoxes = 5;

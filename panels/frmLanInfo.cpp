@@ -48,7 +48,7 @@ frmLanInfo::frmLanInfo() : FormWindow("frmLanInfo", "LAN Info", {4245, 1500}) {
                              {row.labelLeft, row.top + 45, row.labelWidth, 195});
     m_boxes[i] =
         add<TextBox>(*this, row.box(), Place{row.boxLeft, row.top, row.boxWidth, 285}, row.limit);
-    describe(*m_boxes[i], *label);
+    nameAfter(*m_boxes[i], *label);
     m_boxes[i]->setContent(QString::fromLatin1(row.design));
     connect(m_boxes[i], &TextBox::textChanged, this,
             [this, i] { Change(static_cast<HeaderField>(i)); });

@@ -11,6 +11,7 @@ namespace vnb {
 
 class TextBox;
 
+/// Edits the head of the file, whatever is selected.
 class frmLanInfo : public FormWindow {
 public:
   frmLanInfo();

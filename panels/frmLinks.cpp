@@ -108,7 +108,7 @@ void frmLinks::addBoxes() {
   const auto box = [this](const char *label, const char *caption, const char *name, int top) {
     QLabel *text = addLabel(container(), label, caption, {4890, top + 30, 240, 195});
     auto *result = add<TextBox>(container(), name, Place{5190, top, 960, 270}, limit);
-    describe(*result, *text);
+    nameAfter(*result, *text);
     result->setContent(QStringLiteral("0.5"));
     return result;
   };

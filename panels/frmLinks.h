@@ -14,6 +14,7 @@ class NumberList;
 class TextBox;
 struct LinkRec;
 
+/// A link is edited from the device at either end, and each end has a place of its own there.
 class frmLinks : public DevicePanel {
 public:
   explicit frmLinks(const DiagramParts &diagram);

@@ -11,6 +11,7 @@ namespace vnb {
 
 class NumberList;
 
+/// Two lists, and arrows that move a system from one to the other.
 class frmSubnet : public DevicePanel {
 public:
   explicit frmSubnet(const DiagramParts &diagram);

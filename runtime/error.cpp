@@ -36,7 +36,7 @@ constexpr std::array descriptions{
     Description{Fault::InvalidPicture, "Invalid picture"},
 };
 
-QString describe(Fault fault) {
+QString descriptionOf(Fault fault) {
   for (const Description &entry : descriptions)
     if (entry.fault == fault)
       return QString::fromLatin1(entry.text);
@@ -46,7 +46,7 @@ QString describe(Fault fault) {
 } // namespace
 
 RuntimeError::RuntimeError(Fault fault)
-    : RuntimeError(static_cast<std::int32_t>(fault), describe(fault)) {}
+    : RuntimeError(static_cast<std::int32_t>(fault), descriptionOf(fault)) {}
 
 RuntimeError::RuntimeError(std::int32_t number, QString description)
     : m_number(number), m_description(std::move(description)) {}

@@ -13,6 +13,7 @@ namespace vnb {
 
 class PageButton;
 
+/// Tells who made the program, and what it is about.
 class frmAbout : public FormWindow {
 public:
   frmAbout();

@@ -43,7 +43,7 @@ frmSettings::frmSettings(EditorView &view)
   QLabel *lblGridRes =
       addLabel(*this, "lblGridRes", "Grid resolution (px):", {390, 360, 1650, 180});
   m_txtGridRes = add<TextBox>(*this, "txtGridRes", Place{2100, 360, 450, 240}, digits);
-  describe(*m_txtGridRes, *lblGridRes);
+  nameAfter(*m_txtGridRes, *lblGridRes);
   m_chkLoadLast =
       addCaptioned<QCheckBox>(*this, "chkLoadLast", "Auto-load last file", {105, 660, 1800, 195});
   auto *cmdOK = addCaptioned<QPushButton>(*this, "cmdOK", "OK", {90, 1215, 1065, 375});
@@ -66,7 +66,7 @@ void frmSettings::addSwatches() {
     m_picColor[i] = add<Swatch>(*this, QStringLiteral("picColor") + index);
     m_picColor[i]->setFocusPolicy(Qt::StrongFocus);
     place(*m_picColor[i], {4140, row.top, 615, 210});
-    describe(*m_picColor[i], *label);
+    nameAfter(*m_picColor[i], *label);
     connect(m_picColor[i], &Swatch::clicked, this, [this, i] { picColor_Click(i); });
   }
 }

@@ -14,6 +14,7 @@ namespace vnb {
 class Swatch;
 class TextBox;
 
+/// Changes nothing before OK.
 class frmSettings : public FormWindow {
 public:
   explicit frmSettings(EditorView &view);

@@ -10,6 +10,7 @@ class QLabel;
 
 namespace vnb {
 
+/// Its dots go round as long as the start lets events in.
 class frmSplash : public FormWindow {
 public:
   frmSplash();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "appearance/images.h"
-#include "diagram/operations.h"
+#include "diagram/diagramoperations.h"
 #include "diagram/selection.h"
 #include "diagram/viewport.h"
 #include "forms/pictures.h"
@@ -12,6 +12,7 @@
 #include <QScreen>
 #include <QTest>
 
+#include <algorithm>
 #include <random>
 #include <sstream>
 

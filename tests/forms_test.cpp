@@ -25,6 +25,8 @@
 #include <QTimer>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 using testing::ElementsAre;
 
 namespace vnb::test {

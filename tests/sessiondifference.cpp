@@ -12,6 +12,8 @@
 #include <QAbstractButton>
 #include <QLabel>
 
+#include <algorithm>
+
 namespace vnb::test {
 namespace {
 
@@ -22,12 +24,12 @@ std::string dumpOf(NaiveDocument &document) {
   return text;
 }
 
-std::string describe(const SpriteLayer &layer, SpriteTag tag) {
+std::string shown(const SpriteLayer &layer, SpriteTag tag) {
   return text(int{layer.frameWidth}, layer.dotted ? " dotted " : " solid ", layer.colour, " #",
               layer.number, " tag ", static_cast<int>(tag));
 }
 
-std::string describe(const Line &line) {
+std::string shown(const Line &line) {
   return text(line.X1, ',', line.Y1, '-', line.X2, ',', line.Y2, line.Visible ? "" : " hidden", ' ',
               line.BorderColor);
 }
@@ -85,10 +87,10 @@ std::string Session::difference() {
   for (std::int32_t i = 0; found.empty() && i <= UBound(Systems); ++i)
     compareSprite(i);
   for (std::int32_t i = 1; found.empty() && i <= UBound(Links); ++i)
-    compare(text("line ", i), describe(surface.lneLink(i)), describe(model.lines[position(i)]));
+    compare(text("line ", i), shown(surface.lneLink(i)), shown(model.lines[position(i)]));
   model.band.BorderColor = surface.lneXOR.BorderColor;
-  compare("band", surface.lneXOR.Visible ? describe(surface.lneXOR) : "hidden",
-          model.band.Visible ? describe(model.band) : "hidden");
+  compare("band", surface.lneXOR.Visible ? shown(surface.lneXOR) : "hidden",
+          model.band.Visible ? shown(model.band) : "hidden");
   comparePanel<frmDevice>("device panel", model.devicePanel);
   comparePanel<frmLinks>("link panel", model.linkPanel);
   comparePanel<frmSubnet>("subnet panel", model.subnetPanel);
@@ -117,8 +119,8 @@ void Session::compareDocuments() {
 
 void Session::compareSprite(std::int32_t device) {
   const Sprite &sprite = surface.picSystem(device);
-  compare(text("frame of ", device), describe(sprite.layer, sprite.Tag),
-          describe(model.layers[position(device)], model.tags[position(device)]));
+  compare(text("frame of ", device), shown(sprite.layer, sprite.Tag),
+          shown(model.layers[position(device)], model.tags[position(device)]));
 }
 
 } // namespace vnb::test

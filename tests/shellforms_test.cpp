@@ -22,6 +22,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <functional>
 
 using testing::ElementsAre;

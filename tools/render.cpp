@@ -4,7 +4,7 @@
 
 #include "appearance/images.h"
 #include "appearance/theme.h"
-#include "diagram/operations.h"
+#include "diagram/diagramoperations.h"
 #include "lanfile/lanfile.h"
 #include "runtime/error.h"
 #include "runtime/messagebox.h"

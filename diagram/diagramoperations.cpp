@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "diagram/operations.h"
+#include "diagram/diagramoperations.h"
 
 #include "appearance/images.h"
 #include "runtime/report.h"

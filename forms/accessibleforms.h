@@ -7,6 +7,6 @@ namespace vnb {
 
 /// Makes forms known as windows and dialogs, picture buttons as buttons that can be pressed, and
 /// picture boxes as pictures.
-void describeForms();
+void installFormAccess();
 
 } // namespace vnb

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "diagram/accessible.h"
+#include "diagram/accessiblesurface.h"
 
 #include "diagram/surface.h"
 #include "document/displaynames.h"
 
 #include <QAccessibleWidget>
 #include <QHash>
+
+#include <algorithm>
 
 namespace vnb {
 namespace {
@@ -53,6 +55,7 @@ private:
   std::int32_t m_number;
 };
 
+/// A device: pressed, it is selected; it offers its menu and the drawing of links.
 class Device : public Item, public QAccessibleActionInterface {
 public:
   using Item::Item;
@@ -108,6 +111,7 @@ private:
   }
 };
 
+/// A link, which can be read and not acted upon.
 class Link : public Item {
 public:
   using Item::Item;
@@ -181,15 +185,15 @@ private:
   mutable Made m_links;
 };
 
-QAccessibleInterface *describe(const QString & /*className*/, QObject *object) {
+QAccessibleInterface *interfaceOf(const QString & /*className*/, QObject *object) {
   auto *surface = dynamic_cast<Surface *>(object);
   return surface == nullptr ? nullptr : new SurfaceAccessible(*surface);
 }
 
 } // namespace
 
-void describeSurfaces() {
-  QAccessible::installFactory(describe);
+void installSurfaceAccess() {
+  QAccessible::installFactory(interfaceOf);
 }
 
 } // namespace vnb

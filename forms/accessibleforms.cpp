@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/accessible.h"
+#include "forms/accessibleforms.h"
 
 #include "forms/picturebox.h"
 #include "forms/picturebutton.h"
@@ -19,6 +19,7 @@ public:
   }
 };
 
+/// A picture button takes any mouse button and so is none of Qt's.
 class ButtonAccessible : public QAccessibleWidget {
 public:
   explicit ButtonAccessible(PictureButton &button)
@@ -45,7 +46,7 @@ private:
   PictureButton &m_button;
 };
 
-QAccessibleInterface *describe(const QString &className, QObject *object) {
+QAccessibleInterface *interfaceOf(const QString &className, QObject *object) {
   if (auto *button = dynamic_cast<PictureButton *>(object))
     return new ButtonAccessible(*button);
   if (auto *picture = dynamic_cast<PictureBox *>(object))
@@ -58,8 +59,8 @@ QAccessibleInterface *describe(const QString &className, QObject *object) {
 
 } // namespace
 
-void describeForms() {
-  QAccessible::installFactory(describe);
+void installFormAccess() {
+  QAccessible::installFactory(interfaceOf);
 }
 
 } // namespace vnb
