@@ -26,10 +26,6 @@ std::array<DeviceLook, SystemType::Last + 1> &looks() {
   return all;
 }
 
-bool isInTable(std::int32_t lType) {
-  return lType >= 0 && lType <= SystemType::Last;
-}
-
 QStringList fields(const QString &files, qsizetype due, const char *description) {
   QStringList result = files.split(u'|');
   if (result.size() != due)
@@ -59,14 +55,12 @@ QPixmap onBlack(const QPixmap &picture) {
 } // namespace
 
 const QPixmap &DeviceImages(std::int32_t lType) {
-  if (!isInTable(lType))
+  if (lType < 0 || lType > SystemType::Last)
     throw RuntimeError(Fault::SubscriptOutOfRange);
-  return deviceLook(lType).picture;
+  return looks()[static_cast<std::size_t>(lType)].picture;
 }
 
-const DeviceLook &deviceLook(std::int32_t lType) {
-  return looks()[static_cast<std::size_t>(isInTable(lType) ? lType : SystemType::Unknown)];
-}
+DeviceLooks::DeviceLooks() : m_looks(looks()) {}
 
 void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files) {
   const QStringList paths = fields(files, 3, "Incorrect paramaters to LoadButtonImages!");

@@ -8,6 +8,8 @@
 #include <QPixmap>
 #include <QString>
 
+#include <span>
+
 namespace vnb {
 
 /// The three pictures of a button.
@@ -27,8 +29,19 @@ struct DeviceLook {
   QSize size{48, 32}; // pixels: of the picture, or of the blank area where there is none
 };
 
-/// The look of a device type; a code outside the table looks as type 0.
-const DeviceLook &deviceLook(std::int32_t lType);
+/// The looks of all device types, by code.
+class DeviceLooks {
+public:
+  DeviceLooks();
+
+  /// A code outside the table looks as type 0.
+  const DeviceLook &operator()(std::int32_t lType) const {
+    return m_looks[lType >= 0 && lType <= SystemType::Last ? static_cast<std::size_t>(lType) : 0];
+  }
+
+private:
+  std::span<const DeviceLook> m_looks;
+};
 
 /// Fills `set` from `files`, the paths of Off, Over and Down with "|" between them, and shows Off
 /// on `button`; the built-in bitmaps named by the button's Tag stand in for empty paths. Raises

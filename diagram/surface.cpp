@@ -71,8 +71,8 @@ void paintLayer(QPainter &painter, const QRect &sprite, const SpriteLayer &layer
   painter.setClipping(false);
 }
 
-SpriteRect rectOf(const SystemRec &record) {
-  const QSize size = deviceLook(record.lType).size;
+SpriteRect rectOf(const SystemRec &record, const DeviceLooks &looks) {
+  const QSize size = looks(record.lType).size;
   return {record.lX, record.lY, size.width(), size.height()};
 }
 
@@ -128,12 +128,13 @@ std::int32_t Surface::lastDevice() const {
 
 SpriteRect Surface::spriteRect(std::int32_t i) const {
   static_cast<void>(picSystem(i)); // raises what is wrong with the number
-  return rectOf(at(Systems, i));
+  return rectOf(at(Systems, i), DeviceLooks());
 }
 
 std::int32_t Surface::spriteAt(QPoint point) const {
+  const DeviceLooks looks;
   for (std::int32_t i = lastDevice(); i >= 0; --i)
-    if (rectOf(at(Systems, i)).contains(point))
+    if (rectOf(Systems[static_cast<std::size_t>(i)], looks).contains(point))
       return i;
   return -1;
 }
@@ -209,11 +210,13 @@ void Surface::paintLines(QPainter &painter, const QRect &area) const {
 
 void Surface::paintSprites(QPainter &painter, const QRect &area) const {
   painter.setFont(font());
-  for (std::int32_t i = 0; i <= lastDevice(); ++i) {
-    const SystemRec &record = at(Systems, i);
-    const SpriteRect place = rectOf(record);
+  const DeviceLooks looks;
+  const std::int32_t last = lastDevice();
+  for (std::int32_t i = 0; i <= last; ++i) {
+    const SystemRec &record = Systems[static_cast<std::size_t>(i)];
+    const SpriteRect place = rectOf(record, looks);
     if (place.overlaps(area))
-      paintSprite(painter, QRect(place.topLeft(), place.size()), deviceLook(record.lType).picture,
+      paintSprite(painter, QRect(place.topLeft(), place.size()), looks(record.lType).picture,
                   picSystem(i).layer);
   }
 }
