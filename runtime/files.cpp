@@ -87,11 +87,10 @@ void File::openForOutput(const QString &path) {
 }
 
 QByteArray File::readAll() {
-  constexpr qsizetype limit = qsizetype{1} << 25;
   struct stat status {};
   if (::fstat(handle(), &status) != 0)
     throw systemError(errno);
-  if (status.st_size > limit)
+  if (status.st_size > off_t{largest})
     throw RuntimeError(Fault::OutOfMemory);
   // One byte more than the size, so that the first read also finds the end of the file.
   QByteArray bytes(static_cast<qsizetype>(status.st_size) + 1, Qt::Uninitialized);
@@ -106,7 +105,7 @@ QByteArray File::readAll() {
     filled += got;
     if (got == 0)
       break;
-    if (filled > limit)
+    if (filled > qsizetype{largest})
       throw RuntimeError(Fault::OutOfMemory);
     if (filled == bytes.size())
       bytes.resize(filled * 2);
@@ -128,8 +127,11 @@ void File::reserve(off_t size) {
 }
 
 void File::write(std::string_view bytes) {
+  if (bytes.size() > largest)
+    throw RuntimeError(Fault::OutOfMemory);
   const auto size = static_cast<off_t>(bytes.size());
   reserve(size);
+  ::lseek(handle(), 0, SEEK_SET); // pipes have no places
   while (!bytes.empty()) {
     const ssize_t done = ::write(handle(), bytes.data(), bytes.size());
     if (done < 0 && errno == EINTR)

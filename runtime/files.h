@@ -15,6 +15,10 @@ namespace vnb {
 /// when the file isn't open.
 class File {
 public:
+  /// Bytes of the largest content that is read or written: the largest LAN has 4 MiB, and laying
+  /// out lines of more than this takes a text box many seconds.
+  static constexpr std::size_t largest = std::size_t{1} << 25;
+
   File() = default;
   ~File();
   File(const File &) = delete;
@@ -24,10 +28,10 @@ public:
   void openForInput(const QString &path);
   /// Opens or makes a file. Never waits for the other end of a pipe.
   void openForOutput(const QString &path);
-  /// The whole content. Raises 7 beyond 32 MiB: the largest LAN has 4, and laying out lines of more
-  /// takes a text box many seconds.
+  /// The whole content. Raises 7 beyond `largest`.
   QByteArray readAll();
-  /// Makes `bytes` the whole content. The old one stays if there is no room.
+  /// Makes `bytes` the whole content. The old one stays if `bytes` are more than `largest` (7), or
+  /// the disk has no room for them (61).
   void write(std::string_view bytes);
   /// Returns only when the content has reached the disk.
   void flush();

@@ -172,9 +172,11 @@ TEST(File, WritesAllOrNothing) {
   File file;
   file.openForOutput(path);
   EXPECT_EQ(raised([&] { file.write(std::string(21, 'n')); }), "61");
+  EXPECT_EQ(raised([&] { file.write(std::string(File::largest + 1, 'n')); }), "7");
   ::setrlimit(RLIMIT_FSIZE, &none);
   EXPECT_EQ(Folder::bytes(path), "the old content");
-  file.write("new");
+  for (int twice = 0; twice < 2; ++twice)
+    file.write("new");
   EXPECT_EQ(Folder::bytes(path), "new");
 }
 
