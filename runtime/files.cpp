@@ -2,13 +2,13 @@
 #include "runtime/files.h"
 
 #include "runtime/error.h"
+#include "runtime/systemcalls.h"
 
 #include <QFile>
 
+#include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <sys/resource.h>
 
 namespace vnb {
 namespace {
@@ -43,21 +43,58 @@ RuntimeError systemError(int number) {
   }
 }
 
+bool isFull(int fault) {
+  return fault == ENOSPC || fault == EDQUOT || fault == EFBIG;
+}
+
+/// The answer of `call`, which is asked again whenever a signal has interrupted it.
+template <class Call>
+auto uninterrupted(Call call) {
+  for (;;)
+    if (const auto answer = call(); answer >= 0 || errno != EINTR)
+      return answer;
+}
+
+/// Raises what went wrong.
+template <class Call>
+auto checked(Call call) {
+  const auto answer = uninterrupted(call);
+  if (answer < 0)
+    throw systemError(errno);
+  return answer;
+}
+
+/// Raises 61 if the disk has no room for a file that is to grow to `size`. A disk that doesn't tell
+/// has room.
+void askForRoom(int handle, const struct stat &before, off_t size) {
+  struct statvfs disk {};
+  if (systemCalls.fstatvfs(handle, &disk) != 0 || disk.f_blocks == 0)
+    return;
+  const auto unit = static_cast<off_t>(std::max(disk.f_frsize, 1UL));
+  const auto blocks = [unit](off_t bytes) { return (bytes + unit - 1) / unit; };
+  constexpr off_t statusUnit = 512;
+  const off_t more = blocks(size) - blocks(std::min(before.st_size, before.st_blocks * statusUnit));
+  // A little beside them, where the file system writes down which blocks they are.
+  if (more > 0 && static_cast<fsblkcnt_t>(more + more / 128 + 3) > disk.f_bavail)
+    throw RuntimeError(Fault::DiskFull);
+}
+
 } // namespace
 
 File::~File() {
-  if (m_handle >= 0)
-    ::close(m_handle);
+  closeHandle();
 }
 
-void File::open(const QString &path, int flags) {
+/// Returns the system's number of what went wrong, or 0.
+int File::open(const QString &path, int flags) {
   if (m_handle >= 0)
     throw RuntimeError(Fault::FileAlreadyOpen);
   if (path.isEmpty() || path.contains(QChar(0)))
     throw RuntimeError(Fault::BadFileName);
-  m_handle = ::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
-  if (m_handle < 0)
-    throw systemError(errno);
+  m_handle = uninterrupted([&] {
+    return ::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
+  });
+  return m_handle < 0 ? errno : 0;
 }
 
 int File::handle() const {
@@ -66,42 +103,46 @@ int File::handle() const {
   return m_handle;
 }
 
-void File::openForInput(const QString &path) {
-  open(path, O_RDONLY);
+struct stat File::status() const {
   struct stat status {};
-  if (::fstat(m_handle, &status) == 0 && S_ISREG(status.st_mode))
+  checked([&] { return ::fstat(handle(), &status); });
+  return status;
+}
+
+void File::openForInput(const QString &path) {
+  if (const int fault = open(path, O_RDONLY); fault != 0)
+    throw systemError(fault);
+  if (struct stat status{}; ::fstat(m_handle, &status) == 0 && S_ISREG(status.st_mode))
     return;
   close();
   throw RuntimeError(Fault::PathFileAccess);
 }
 
 void File::openForOutput(const QString &path) {
-  try {
-    open(path, O_WRONLY | O_CREAT);
-  } catch (const RuntimeError &error) {
-    // A file to be made is never missing itself: its folder is.
-    if (error.number() == static_cast<std::int32_t>(Fault::FileNotFound))
-      throw RuntimeError(Fault::PathNotFound);
-    throw;
-  }
+  constexpr int flags = O_WRONLY | O_CREAT;
+  int fault = open(path, flags | O_EXCL);
+  if (fault == 0)
+    m_made = QFile::encodeName(path);
+  else if (fault == EEXIST)
+    fault = open(path, flags);
+  // A file to be made is never missing itself: its folder is.
+  if (fault == ENOENT)
+    throw RuntimeError(Fault::PathNotFound);
+  if (fault != 0)
+    throw systemError(fault);
 }
 
 QByteArray File::readAll() {
-  struct stat status {};
-  if (::fstat(handle(), &status) != 0)
-    throw systemError(errno);
-  if (status.st_size > off_t{largest})
+  const off_t size = status().st_size;
+  if (size > off_t{largest})
     throw RuntimeError(Fault::OutOfMemory);
   // One byte more than the size, so that the first read also finds the end of the file.
-  QByteArray bytes(static_cast<qsizetype>(status.st_size) + 1, Qt::Uninitialized);
+  QByteArray bytes(static_cast<qsizetype>(size) + 1, Qt::Uninitialized);
   qsizetype filled = 0;
   for (;;) {
-    const ssize_t got =
-        ::read(handle(), bytes.data() + filled, static_cast<size_t>(bytes.size() - filled));
-    if (got < 0 && errno == EINTR)
-      continue;
-    if (got < 0)
-      throw systemError(errno);
+    const ssize_t got = checked([&] {
+      return ::read(handle(), bytes.data() + filled, static_cast<size_t>(bytes.size() - filled));
+    });
     filled += got;
     if (got == 0)
       break;
@@ -114,50 +155,92 @@ QByteArray File::readAll() {
   return bytes;
 }
 
-/// Room for the new content first: a full disk must leave the old one whole.
-void File::reserve(off_t size) {
-  struct stat before {};
-  if (::fstat(handle(), &before) != 0 || ::fallocate(handle(), 0, 0, size) == 0)
+/// Room for the new content first: a full disk must leave the old one whole. Its length must stay,
+/// too, or the file would be neither for a moment.
+void File::reserve(off_t size) const {
+  if (rlimit limit{};
+      ::getrlimit(RLIMIT_FSIZE, &limit) == 0 && static_cast<rlim_t>(size) > limit.rlim_cur)
+    throw RuntimeError(Fault::DiskFull);
+  const struct stat before = status();
+  if (uninterrupted(
+          [&] { return systemCalls.fallocate(handle(), FALLOC_FL_KEEP_SIZE, 0, size); }) == 0)
     return;
   const int fault = errno;
-  if (fault != ENOSPC && fault != EDQUOT && fault != EFBIG)
-    return; // whatever has no room to reserve
-  [[maybe_unused]] const int undone = ::ftruncate(handle(), before.st_size);
+  if (!isFull(fault))
+    return askForRoom(handle(), before, size);
+  systemCalls.ftruncate(handle(), before.st_size); // gives back what was reserved up to there
   throw systemError(fault);
 }
 
-void File::write(std::string_view bytes) {
-  if (bytes.size() > largest)
-    throw RuntimeError(Fault::OutOfMemory);
-  const auto size = static_cast<off_t>(bytes.size());
-  reserve(size);
-  ::lseek(handle(), 0, SEEK_SET); // pipes have no places
+/// Writes `bytes` at this place, but to pipes, which have none, behind what they have got.
+void File::writeAt(off_t at, std::string_view bytes) const {
+  ::lseek(handle(), at, SEEK_SET);
   while (!bytes.empty()) {
-    const ssize_t done = ::write(handle(), bytes.data(), bytes.size());
-    if (done < 0 && errno == EINTR)
-      continue;
-    if (done < 0)
-      throw systemError(errno);
+    const ssize_t done =
+        checked([&] { return systemCalls.write(handle(), bytes.data(), bytes.size()); });
+    if (done == 0)
+      throw RuntimeError(Fault::DeviceIo);
     bytes.remove_prefix(static_cast<std::size_t>(done));
   }
-  // The rest of a longer old content. Pipes and devices have none.
-  if (::ftruncate(handle(), size) != 0 && errno != EINVAL)
-    throw systemError(errno);
+}
+
+void File::write(std::string_view bytes, std::string_view spoilt) {
+  m_whole = false;
+  if (bytes.size() > largest)
+    throw RuntimeError(Fault::OutOfMemory);
+  if (S_ISREG(status().st_mode))
+    replace(bytes, spoilt.substr(0, bytes.size()));
+  else
+    writeAt(0, bytes);
+  m_whole = true;
+}
+
+void File::replace(std::string_view bytes, std::string_view spoilt) {
+  const auto size = static_cast<off_t>(bytes.size());
+  const auto spoiltSize = static_cast<off_t>(spoilt.size());
+  reserve(size);
+  writeAt(0, spoilt);
+  flush();
+  try {
+    writeAt(spoiltSize, bytes.substr(spoilt.size()));
+  } catch (const RuntimeError &) {
+    // No old content behind a part of the new one.
+    if (const off_t end = ::lseek(handle(), 0, SEEK_CUR); end > spoiltSize)
+      systemCalls.ftruncate(handle(), end);
+    throw;
+  }
+  checked([&] { return systemCalls.ftruncate(handle(), size); });
+  flush();
+  for (std::size_t i = spoilt.size(); i-- > 0;)
+    writeAt(static_cast<off_t>(i), bytes.substr(i, 1));
 }
 
 void File::flush() {
   // Pipes and devices have no disk to reach.
-  if (::fsync(handle()) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
-    throw systemError(errno);
+  if (uninterrupted([&] { return systemCalls.fsync(handle()); }) == 0 || errno == EINVAL ||
+      errno == ENOTSUP || errno == EROFS)
+    return;
+  m_whole = false;
+  throw systemError(errno);
 }
 
 void File::close() {
+  if (const int fault = closeHandle(); fault != 0)
+    throw systemError(fault);
+}
+
+/// Returns the system's number of what went wrong, or 0.
+int File::closeHandle() {
   if (m_handle < 0)
-    return;
-  const int closed = ::close(m_handle);
+    return 0;
+  int fault = systemCalls.close(m_handle) == 0 ? 0 : errno;
+  if (fault == EINTR)
+    fault = 0;
+  if (!m_made.isEmpty() && (!m_whole || fault != 0))
+    ::unlink(m_made.constData());
   m_handle = -1;
-  if (closed != 0 && errno != EINTR)
-    throw systemError(errno);
+  m_made.clear();
+  return fault;
 }
 
 } // namespace vnb

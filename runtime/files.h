@@ -6,7 +6,7 @@
 #include <QString>
 
 #include <string_view>
-#include <sys/types.h>
+#include <sys/stat.h>
 
 namespace vnb {
 
@@ -26,23 +26,34 @@ public:
 
   /// Opens a regular file; anything else (folders, pipes, devices) raises 75.
   void openForInput(const QString &path);
-  /// Opens or makes a file. Never waits for the other end of a pipe.
+  /// Opens or makes a file. Never waits for the other end of a pipe. A file that it has made is
+  /// removed by `close` unless its content has been written and flushed without a fault.
   void openForOutput(const QString &path);
   /// The whole content. Raises 7 beyond `largest`.
   QByteArray readAll();
-  /// Makes `bytes` the whole content. The old one stays if `bytes` are more than `largest` (7), or
-  /// the disk has no room for them (61).
-  void write(std::string_view bytes);
+  /// Makes `bytes` the whole content; pipes and devices just get them. The old content stays if
+  /// `bytes` are more than `largest` (7), or the disk has no room for them (61).
+  ///
+  /// From the first byte written until all others have reached the disk, the file begins with
+  /// `spoilt` in place of as many bytes. These are laid from the first to the last and replaced
+  /// from the last to the first. Where the writing fails half-way, the file ends there.
+  void write(std::string_view bytes, std::string_view spoilt = {});
   /// Returns only when the content has reached the disk.
   void flush();
   void close();
 
 private:
-  void open(const QString &path, int flags);
+  int open(const QString &path, int flags);
   int handle() const;
-  void reserve(off_t size);
+  struct stat status() const;
+  void reserve(off_t size) const;
+  void replace(std::string_view bytes, std::string_view spoilt);
+  void writeAt(off_t at, std::string_view bytes) const;
+  int closeHandle();
 
   int m_handle = -1;
+  QByteArray m_made;    // the path, if openForOutput has made the file
+  bool m_whole = false; // whether a write has succeeded, and no flush has failed
 };
 
 } // namespace vnb

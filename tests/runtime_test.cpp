@@ -4,6 +4,7 @@
 #include "runtime/files.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
+#include "runtime/systemcalls.h"
 #include "runtime/xml.h"
 #include "support.h"
 
@@ -12,7 +13,6 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <csignal>
 #include <limits>
 #include <new>
 #include <random>
@@ -156,28 +156,32 @@ TEST(File, RaisesTheClassicNumbers) {
   for (const QString &path : {QString(), here, folder.path("no/x")})
     errors.push_back(raised([&] { File().openForOutput(path); }));
   EXPECT_THAT(errors, ElementsAre("52", "75", "53", "75", "76", "52", "75", "76"));
-  File full;
-  full.openForOutput(QStringLiteral("/dev/full"));
-  EXPECT_EQ(raised([&] { full.write("x"); }), "61");
-  EXPECT_EQ(raised([] { File().write("x"); }), "52");
 }
 
+/// Where room can't be reserved, in blocks of 1,024 bytes: those that the old content has are free.
 TEST(File, WritesAllOrNothing) {
   const Folder folder;
-  const QString path = folder.file("the old content", "x");
-  std::signal(SIGXFSZ, SIG_IGN);
-  const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
-  const rlimit full{20, RLIM_INFINITY};
-  ::setrlimit(RLIMIT_FSIZE, &full); // as good as a full disk
-  File file;
-  file.openForOutput(path);
-  EXPECT_EQ(raised([&] { file.write(std::string(21, 'n')); }), "61");
-  EXPECT_EQ(raised([&] { file.write(std::string(File::largest + 1, 'n')); }), "7");
+  const QByteArray old(5000, 'o');
+  const rlimit none{RLIM_INFINITY, RLIM_INFINITY}, full{1 << 13, RLIM_INFINITY};
+  ::setrlimit(RLIMIT_FSIZE, &full);
+  systemCalls.fallocate = [](auto...) { return errno = EOPNOTSUPP, -1; };
+  using Case = std::tuple<std::size_t, fsblkcnt_t, std::string>;
+  for (const auto &[size, free, due] :
+       {Case{4000, 0, ""}, Case{5120, 0, ""}, Case{5121, 3, "61"}, Case{5121, 4, ""},
+        Case{8193, 90, "61"}, Case{File::largest + 1, 90, "7"}}) {
+    systemCalls.fstatvfs = [free = free](int, struct statvfs *disk) {
+      disk->f_blocks = disk->f_frsize = 1024;
+      return disk->f_bavail = free, 0;
+    };
+    const QByteArray content(static_cast<qsizetype>(size), 'n');
+    File file;
+    file.openForOutput(folder.file(old));
+    for (int twice = 0; twice < 2; ++twice)
+      EXPECT_EQ(raised([&] { file.write(content.toStdString(), "spoilt"); }), due);
+    EXPECT_EQ(Folder::bytes(folder.path("lan.txt")), due.empty() ? content : old);
+  }
+  systemCalls = {};
   ::setrlimit(RLIMIT_FSIZE, &none);
-  EXPECT_EQ(Folder::bytes(path), "the old content");
-  for (int twice = 0; twice < 2; ++twice)
-    file.write("new");
-  EXPECT_EQ(Folder::bytes(path), "new");
 }
 
 /// Tags as "a(b c(d))".
