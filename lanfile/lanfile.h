@@ -9,8 +9,9 @@
 
 namespace vnb {
 
-/// Writes the document to `sFileName`, whose earlier content is gone from then on. Failures (a path
-/// that can't be made or written, a full disk) go to the standard error report.
+/// Writes the document to `sFileName`. Wherever that is cut off, there stands the earlier file, the
+/// new one, or one that OpenLANFile reports. Failures (a path that can't be made or written, a full
+/// disk) go to the standard error report; a file that didn't exist before is then removed.
 void SaveLAN(const QString &sFileName);
 
 /// The fields of LanHeader, in file order.

@@ -57,6 +57,11 @@ constexpr std::string_view dataBanner = ".\r\n"
                                         "\r\n";
 constexpr std::string_view lastLine = ".\r\n";
 
+/// What a file begins with until all the rest is on the disk: whatever stands behind it, the fourth
+/// line holds no number, and OpenLANFile reports that. Half-way there or back, too, it is reported:
+/// the N is the file's own, and with the next byte there is a line too many in the header.
+constexpr std::string_view spoiltHead = "N\r!\r!\r!\r";
+
 /// Bytes that a row or a header line can take beside its text: every column at its longest.
 constexpr std::size_t rowRoom = 8 * numberRoom;
 
@@ -212,7 +217,7 @@ void SaveLAN(const QString &sFileName) {
     return;
   reported(
       "frmMain", "SaveLAN", [&] { file.openForOutput(sFileName); },
-      [&] { file.write(text->bytes()); }, [&] { file.flush(); }, [&] { file.close(); });
+      [&] { file.write(text->bytes(), spoiltHead); }, [&] { file.flush(); }, [&] { file.close(); });
 }
 
 } // namespace vnb
