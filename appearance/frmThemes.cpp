@@ -156,7 +156,7 @@ void frmThemes::cmdSwitch_Click() {
   }
   const LookInForce earlier(m_view);
   try {
-    LoadTheme(selected(), m_view);
+    LoadTheme(themePath(selected()), m_view); // its name alone may be taken for a path
   } catch (const RuntimeError &error) {
     earlier.restore(m_view);
     tell(QStringLiteral("The theme \"%1\" can't be loaded.\n%2")

@@ -26,10 +26,14 @@ std::array<DeviceLook, SystemType::Last + 1> &looks() {
   return all;
 }
 
+/// Stands for a "|" within a path; no path holds it.
+constexpr QChar bar(u'\0');
+
 QStringList fields(const QString &files, qsizetype due, const char *description) {
   QStringList result = files.split(u'|');
   if (result.size() != due)
     throw RuntimeError(ownError, QString::fromLatin1(description));
+  result.replaceInStrings(bar, QStringLiteral("|"));
   return result;
 }
 
@@ -61,6 +65,10 @@ const QPixmap &DeviceImages(std::int32_t lType) {
 }
 
 DeviceLooks::DeviceLooks() : m_looks(looks()) {}
+
+QString listedPath(const QString &path) {
+  return QString(path).replace(u'|', bar);
+}
 
 void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files) {
   const QStringList paths = fields(files, 3, "Incorrect paramaters to LoadButtonImages!");

@@ -43,6 +43,9 @@ private:
   std::span<const DeviceLook> m_looks;
 };
 
+/// `path` as it has to stand in the lists of paths below: a "|" of its own must not part it.
+QString listedPath(const QString &path);
+
 /// Fills `set` from `files`, the paths of Off, Over and Down with "|" between them, and shows Off
 /// on `button`; the built-in bitmaps named by the button's Tag stand in for empty paths. Raises
 /// ownError unless there are three fields, and what LoadPicture raises.

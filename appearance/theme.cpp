@@ -102,14 +102,6 @@ const XmlElement &section(const XmlElement &root, QLatin1String tagName) {
   return *found;
 }
 
-XmlDocument read(const QString &path) {
-  try {
-    return XmlDocument(path);
-  } catch (const RuntimeError &error) {
-    throw error.about(path);
-  }
-}
-
 QString folderOf(const QString &path) {
   return path.first(path.lastIndexOf(u'/') + 1);
 }
@@ -136,34 +128,56 @@ void readColours(const XmlElement &entries, EditorView &view) {
   }
 }
 
-std::array<QString, buttonKeys.size()> readButtons(const XmlElement &entries,
-                                                   const QString &folder) {
-  std::array<QString, buttonKeys.size()> files;
-  files.fill(QStringLiteral("||"));
-  for (const XmlElement &entry : entries.children()) {
-    const auto name = entry.getAttribute(u"for");
-    const std::size_t row = name ? find(buttonKeys, *name) : files.size();
-    if (row == files.size())
-      continue;
-    // A missing name leaves the folder alone, which is no picture.
-    const auto file = [&](QStringView state) {
-      return folder + entry.getAttribute(state).value_or(QString());
-    };
-    files[row] = file(u"off") + u'|' + file(u"over") + u'|' + file(u"down");
-  }
-  return files;
-}
+/// The picture files of one theme, in the form that LoadButtonImages and LoadDeviceImages take.
+class ImageFiles {
+public:
+  explicit ImageFiles(const QString &themeFile) : m_folder(listedPath(folderOf(themeFile))) {}
 
-QStringList readDevices(const XmlElement &entries, const QString &folder) {
-  QStringList files(SystemType::Last);
-  for (const XmlElement &entry : entries.children()) {
-    const auto name = entry.getAttribute(u"name");
-    const std::size_t row = name ? find(deviceKeys, *name) : deviceKeys.size();
-    if (row < deviceKeys.size())
-      files[static_cast<qsizetype>(row)] =
-          folder + entry.getAttribute(u"image").value_or(QString());
+  /// For each row of `table` the files that its last entry names in `attributes`, with "|" between
+  /// them; empty ones for a row that the theme doesn't name.
+  template <class Table>
+  QStringList of(const XmlElement &section, QStringView selector, const Table &table,
+                 const QStringList &attributes) {
+    std::array<const XmlElement *, std::tuple_size_v<Table>> entries{};
+    for (const XmlElement &entry : section.children()) {
+      const auto name = entry.getAttribute(selector);
+      const std::size_t row = name ? find(table, *name) : entries.size();
+      if (row < entries.size())
+        entries[row] = &entry;
+    }
+    QStringList rows;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      QStringList files;
+      for (const QString &attribute : attributes)
+        files += entries[i] == nullptr ? QString() : file(*entries[i], attribute, table[i].key);
+      rows += files.join(u'|');
+    }
+    return rows;
   }
-  return files;
+
+  /// What no picture was named for, a line each.
+  QString missing() const { return m_missing.join(u'\n'); }
+
+private:
+  /// A missing name leaves the folder alone, which is no picture.
+  QString file(const XmlElement &entry, const QString &attribute, const char *key) {
+    const QString name = entry.getAttribute(attribute).value_or(QString());
+    if (name.isEmpty())
+      m_missing += QStringLiteral("The entry \"%1\" names no picture for \"%2\".")
+                       .arg(QLatin1String(key), attribute);
+    return m_folder + name;
+  }
+
+  QString m_folder;
+  QStringList m_missing;
+};
+
+void loadImages(const QStringList &buttonFiles, const QStringList &deviceFiles, EditorView &view) {
+  for (std::size_t i = 0; i < buttonKeys.size(); ++i)
+    view.loadButtonImages(QString::fromLatin1(buttonKeys[i].tag),
+                          buttonFiles[static_cast<qsizetype>(i)]);
+  LoadDeviceImages(deviceFiles.join(u'|'));
+  view.deviceImagesChanged();
 }
 
 int hexDigit(QChar c) {
@@ -207,18 +221,18 @@ void LoadTheme(const QString &sFileName, EditorView &view) {
   const bool fullPath = sFileName.contains(u':') || sFileName.startsWith(u'/');
   ThemeFile = fullPath ? sFileName : themePath(sFileName);
   ThemeName = nameOf(ThemeFile);
-  const XmlDocument ThemeDoc = read(ThemeFile);
+  const XmlDocument ThemeDoc = about(ThemeFile, [] { return XmlDocument(ThemeFile); });
   const XmlElement &colours = section(ThemeDoc.root(), QLatin1String("COLORS"));
   const XmlElement &buttons = section(ThemeDoc.root(), QLatin1String("BUTTONS"));
   const XmlElement &devices = section(ThemeDoc.root(), QLatin1String("DEVICES"));
   readColours(colours, view);
   view.UpdateColors();
-  const auto buttonFiles = readButtons(buttons, folderOf(ThemeFile));
-  const QStringList deviceFiles = readDevices(devices, folderOf(ThemeFile));
-  for (std::size_t i = 0; i < buttonFiles.size(); ++i)
-    view.loadButtonImages(QString::fromLatin1(buttonKeys[i].tag), buttonFiles[i]);
-  LoadDeviceImages(deviceFiles.join(u'|'));
-  view.deviceImagesChanged();
+  ImageFiles files(ThemeFile);
+  const QStringList buttonFiles =
+      files.of(buttons, u"for", buttonKeys,
+               {QStringLiteral("off"), QStringLiteral("over"), QStringLiteral("down")});
+  const QStringList deviceFiles = files.of(devices, u"name", deviceKeys, {QStringLiteral("image")});
+  about(files.missing(), [&] { loadImages(buttonFiles, deviceFiles, view); });
 }
 
 } // namespace vnb

@@ -71,8 +71,12 @@ QPixmap LoadPicture(const QString &path) {
   const Variant chosen = variant(path);
   QImageReader reader(chosen.path);
   const QSize size = reader.size();
+  if (size.width() > largest || size.height() > largest)
+    throw RuntimeError(ownError,
+                       QStringLiteral("The picture is larger than %1 by %1 pixels.").arg(largest))
+        .about(chosen.path);
   QImage image;
-  if (size.width() > largest || size.height() > largest || !reader.read(&image) || image.isNull())
+  if (!reader.read(&image) || image.isNull())
     throw RuntimeError(Fault::InvalidPicture).about(chosen.path);
   // Not what the reader makes of the name: it looks no further than the first point.
   image.setDevicePixelRatio(chosen.scale);

@@ -66,8 +66,8 @@ private:
              m_operations.ClearLAN();
              yield();
            }) &&
-           m_report([&] { file.openForInput(sFileName); }) &&
-           m_report([&] { bytes = file.readAll(); }) && m_report([&] {
+           m_report([&] { about(sFileName, [&] { file.openForInput(sFileName); }); }) &&
+           m_report([&] { about(sFileName, [&] { bytes = file.readAll(); }); }) && m_report([&] {
              file.close();
              if (bytes.isEmpty())
                throw RuntimeError(Fault::SubscriptOutOfRange);

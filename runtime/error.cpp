@@ -51,8 +51,8 @@ RuntimeError::RuntimeError(Fault fault)
 RuntimeError::RuntimeError(std::int32_t number, QString description)
     : m_number(number), m_description(std::move(description)) {}
 
-RuntimeError RuntimeError::about(const QString &file) const {
-  return {m_number, m_description + u'\n' + file};
+RuntimeError RuntimeError::about(const QString &what) const {
+  return what.isEmpty() ? *this : RuntimeError(m_number, m_description + u'\n' + what);
 }
 
 RuntimeError currentError() {

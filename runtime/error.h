@@ -44,8 +44,9 @@ public:
   /// A fault of the program's own.
   RuntimeError(std::int32_t number, QString description);
 
-  /// The same error, telling the file that it is about as well.
-  RuntimeError about(const QString &file) const;
+  /// The same error, telling what it is about as well: a file, or what is wrong in it.
+  /// An empty text adds nothing.
+  RuntimeError about(const QString &what) const;
 
   std::int32_t number() const { return m_number; }
   const QString &description() const { return m_description; }
@@ -55,6 +56,16 @@ private:
   std::int32_t m_number;
   QString m_description;
 };
+
+/// Runs `act` and returns what it gives. What it raises tells `what` as well.
+template <class Act>
+decltype(auto) about(const QString &what, const Act &act) {
+  try {
+    return act();
+  } catch (const RuntimeError &error) {
+    throw error.about(what);
+  }
+}
 
 /// The exception being handled, as a RuntimeError: exhausted memory becomes 7, anything unknown 51.
 /// REQUIRES: called inside a catch block.

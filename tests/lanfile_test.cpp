@@ -253,6 +253,7 @@ TEST_F(LanFile, WhatCannotBeOpenedLeavesANewLan) {
     EXPECT_THAT(Words(boxes.texts.begin(), boxes.texts.begin() + 3),
                 ElementsAre(error + " frmMain.OpenLANFile", "52 frmMain.OpenLANFile",
                             "9 frmMain.OpenLANFile"));
+    EXPECT_TRUE(boxes.boxes[0].text.contains(u'\n' + path + u'\n'));
     EXPECT_EQ(dumpSystems(), "ROUTER 0 0 1 -1 -1 -1");
   }
 }

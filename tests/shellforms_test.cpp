@@ -266,7 +266,7 @@ protected:
   bool grid = true;
 
 private:
-  const QString m_prefix = QStringLiteral(".picker-%1-").arg(QCoreApplication::applicationPid());
+  const QString m_prefix = QStringLiteral(".picker|%1:").arg(QCoreApplication::applicationPid());
   QStringList m_folders;
 };
 
@@ -313,7 +313,7 @@ TEST_F(ThemePicker, ShowsWhatAThemeSaysOfItself) {
 
 TEST_F(ThemePicker, SwitchesAndGoesBackWhereASwitchFails) {
   theme("bad", "<T><COLORS><c for='link' color='#000009'/><c for='grid' color='#000009'/></COLORS>"
-               "<BUTTONS/><DEVICES><d name='hub' image='none.png'/></DEVICES></T>");
+               "<BUTTONS/><DEVICES><d name='HUB'/></DEVICES></T>");
   const Boxes boxes;
   RedTextColor = 0x0000FF;
   click("cmdSwitch");
@@ -347,8 +347,9 @@ TEST_F(ThemePicker, SwitchesAndGoesBackWhereASwitchFails) {
   click("cmdSwitch");
   EXPECT_EQ(Words(boxes.texts.begin() + 1, boxes.texts.end()),
             Words(3, "The theme \"" + name("bad").toStdString() +
-                         "\" can't be loaded.\nFile not found\n" + folder("bad").toStdString() +
-                         "/none.png"));
+                         "\" can't be loaded.\nPath/File access error\n" +
+                         folder("bad").toStdString() +
+                         "/\nThe entry \"hub\" names no picture for \"image\"."));
   expectInForce("good"); // also when it is there no more
   EXPECT_THAT(calls.back(), "UpdateColors #665544") << "no grid comes where none was";
   EXPECT_EQ(values(), before);
