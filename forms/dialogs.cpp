@@ -34,6 +34,22 @@ QWidget *asker() {
   return last && last->isVisible() ? last : nullptr;
 }
 
+/// A dialog that its owner's end may take along; for whoever waits it was then cancelled.
+template <class Dialog>
+class Shown {
+public:
+  template <class... Arguments>
+  explicit Shown(const Arguments &...arguments) : m_dialog(new Dialog(arguments...)) {}
+  ~Shown() { delete m_dialog; }
+  Shown(const Shown &) = delete;
+  Shown &operator=(const Shown &) = delete;
+
+  Dialog *operator->() const { return m_dialog; }
+
+private:
+  QPointer<Dialog> m_dialog;
+};
+
 /// Tells a file's kind without reading it: some files keep a reader waiting for ever.
 class Icons : public QFileIconProvider {
 public:
@@ -52,35 +68,66 @@ QDir nearestFolder(const QFileInfo &file) {
   return folder;
 }
 
+/// Asks before a file is overwritten in our own box: Qt's takes the file's name for HTML.
+class QtFileDialog : public QFileDialog {
+public:
+  using QFileDialog::QFileDialog;
+
+  void accept() override {
+    const bool ask = !testOption(DontConfirmOverwrite);
+    // The desktop's own dialog, which this one only stands for, has asked already.
+    if (ask && !testAttribute(Qt::WA_DontShowOnScreen) && !mayBeWritten())
+      return;
+    setOption(DontConfirmOverwrite);
+    QFileDialog::accept();
+    setOption(DontConfirmOverwrite, !ask);
+  }
+
+private:
+  bool mayBeWritten() const {
+    const QFileInfo file(selectedFiles().value(0));
+    if (!file.exists() || file.isDir())
+      return true;
+    return showMessageBox({.title = windowTitle(),
+                           .text = QStringLiteral("%1 already exists.\nDo you want to replace it?")
+                                       .arg(file.fileName()),
+                           .icon = MessageBox::Icon::Exclamation,
+                           .buttons = MessageBox::Buttons::YesNo,
+                           .preset = Answer::No}) == Answer::Yes;
+  }
+};
+
 std::optional<QString> showQtFileDialog(const FileDialog &request) {
   Icons icons;
-  QFileDialog dialog(request.owner, request.title, request.folder);
-  dialog.setIconProvider(&icons);
-  dialog.setAcceptMode(request.kind == FileDialog::Kind::Save ? QFileDialog::AcceptSave
-                                                              : QFileDialog::AcceptOpen);
-  dialog.setFileMode(request.kind == FileDialog::Kind::Save ? QFileDialog::AnyFile
-                                                            : QFileDialog::ExistingFile);
+  const Shown<QtFileDialog> dialog(request.owner, request.title, request.folder);
+  dialog->setIconProvider(&icons);
+  dialog->setAcceptMode(request.kind == FileDialog::Kind::Save ? QFileDialog::AcceptSave
+                                                               : QFileDialog::AcceptOpen);
+  dialog->setFileMode(request.kind == FileDialog::Kind::Save ? QFileDialog::AnyFile
+                                                             : QFileDialog::ExistingFile);
   // The descriptions already say what they have to.
-  dialog.setOption(QFileDialog::HideNameFilterDetails);
-  dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
+  dialog->setOption(QFileDialog::HideNameFilterDetails);
+  dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
   const QStringList filters = toQtFilter(request.filter).split(QStringLiteral(";;"));
-  dialog.setNameFilters(filters);
-  dialog.selectNameFilter(filters.value(std::max(request.filterIndex, 1) - 1));
+  dialog->setNameFilters(filters);
+  dialog->selectNameFilter(filters.value(std::max(request.filterIndex, 1) - 1));
   if (!request.fileName.isEmpty()) {
     const QFileInfo file(request.fileName);
-    dialog.setDirectory(nearestFolder(file));
-    dialog.selectFile(file.fileName());
+    dialog->setDirectory(nearestFolder(file));
+    dialog->selectFile(file.fileName());
   }
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+  if (dialog->exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
     return std::nullopt;
-  return dialog.selectedFiles().constFirst();
+  return dialog->selectedFiles().constFirst();
 }
 
 std::optional<QRgb> showQtColourDialog(const ColourDialog &request) {
   for (int i = 0; i < QColorDialog::customCount(); ++i)
     QColorDialog::setCustomColor(i, Qt::white);
-  const QColor chosen = QColorDialog::getColor(QColor::fromRgb(request.start), request.owner);
-  return chosen.isValid() ? std::optional(chosen.rgb()) : std::nullopt;
+  const Shown<QColorDialog> dialog(QColor::fromRgb(request.start), request.owner);
+  if (dialog->exec() != QDialog::Accepted)
+    return std::nullopt;
+  return dialog->selectedColor().rgb();
 }
 
 } // namespace
@@ -88,11 +135,14 @@ std::optional<QRgb> showQtColourDialog(const ColourDialog &request) {
 Answer showMessageWindow(const MessageBox &box) {
   const bool ask = box.buttons == MessageBox::Buttons::YesNo;
   const QPointer<QWidget> before = asker();
-  QMessageBox window(icon(box.icon), box.title, box.text,
-                     ask ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, before);
+  const Shown<QMessageBox> window(icon(box.icon), box.title, box.text,
+                                  ask ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
+                                  before.data());
   // Error descriptions and device texts are not HTML.
-  window.setTextFormat(Qt::PlainText);
-  const int button = window.exec();
+  window->setTextFormat(Qt::PlainText);
+  if (ask && box.preset == Answer::No)
+    window->setDefaultButton(QMessageBox::No);
+  const int button = window->exec();
   // Window managers would give the keys to the main window, past the panel that asked.
   if (before)
     before->activateWindow();

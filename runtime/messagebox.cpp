@@ -4,14 +4,11 @@
 #include <cstdio>
 
 namespace vnb {
-namespace {
 
 Answer printMessage(const MessageBox &box) {
   std::fprintf(stderr, "%s %s\n", qUtf8Printable(box.title), qUtf8Printable(box.text));
   return box.buttons == MessageBox::Buttons::Ok ? Answer::Ok : Answer::No;
 }
-
-} // namespace
 
 std::function<Answer(const MessageBox &)> showMessageBox = printMessage;
 

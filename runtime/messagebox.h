@@ -19,11 +19,15 @@ struct MessageBox {
   QString title, text;
   Icon icon = Icon::Critical;
   Buttons buttons = Buttons::Ok;
+  /// What the Return key answers in a YesNo box.
+  Answer preset = Answer::Yes;
 };
 
-/// Shows a box and waits for the answer: Ok for an Ok box, Yes or No for a YesNo box. Until a
-/// window system's function is put here, the text goes to the standard error stream and the answer
-/// is Ok or No.
+/// Asks nobody: writes the text to the standard error stream. Returns Ok or No.
+Answer printMessage(const MessageBox &box);
+
+/// Shows a box and waits for the answer: Ok for an Ok box, Yes or No for a YesNo box. It is
+/// printMessage until a window system's function is put here.
 extern std::function<Answer(const MessageBox &)> showMessageBox;
 
 } // namespace vnb

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDialog>
 #include <QDir>
 #include <QImage>
 #include <QLabel>
@@ -353,6 +354,37 @@ TEST_F(ThemePicker, SwitchesAndGoesBackWhereASwitchFails) {
   expectInForce("good"); // also when it is there no more
   EXPECT_THAT(calls.back(), "UpdateColors #665544") << "no grid comes where none was";
   EXPECT_EQ(values(), before);
+}
+
+TEST(Dialogs, AskBeforeTheyOverwriteAndGoOnAfterNo) {
+  const Folder folder;
+  const QString path = folder.file("old", "<i>a.txt");
+  Boxes boxes;
+  QTimer::singleShot(0, [&] {
+    auto *dialog = dynamic_cast<QDialog *>(QApplication::activeModalWidget());
+    dialog->accept();
+    EXPECT_TRUE(dialog->isVisible());
+    boxes.otherwise = Answer::Yes;
+    dialog->accept();
+  });
+  EXPECT_EQ(showFileDialog(
+                {.kind = FileDialog::Kind::Save, .fileName = path, .askBeforeOverwriting = true}),
+            path);
+  EXPECT_EQ(boxes.texts, Words(2, "<i>a.txt already exists.\nDo you want to replace it?"));
+  EXPECT_EQ(boxes.boxes[0].preset, Answer::No);
+}
+
+TEST(Dialogs, AreCancelledWhenTheirOwnerEnds) {
+  const MessageBox question{.title = {}, .text = {}, .buttons = MessageBox::Buttons::YesNo};
+  for (int kind = 0; kind < 3; ++kind) {
+    auto *owner = new QWidget;
+    owner->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(owner));
+    QTimer::singleShot(0, [owner] { delete owner; });
+    EXPECT_TRUE(kind == 0   ? showMessageWindow(question) == Answer::No
+                : kind == 1 ? !showFileDialog({.owner = owner})
+                            : !showColourDialog({.owner = owner}));
+  }
 }
 
 TEST(Splash, TheDotsGoRound) {
