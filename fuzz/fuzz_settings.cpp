@@ -10,7 +10,6 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QFile>
-#include <QSettings>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -44,7 +43,7 @@ private:
 class StoreFile {
 public:
   StoreFile() : m_folder(QStringLiteral("/dev/shm/settings-XXXXXX")) {
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path()));
   }
 
   /// Each content has a time of its own: one that looks unchanged would not be read again.

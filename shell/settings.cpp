@@ -2,65 +2,107 @@
 #include "shell/settings.h"
 
 #include "appearance/theme.h"
+#include "runtime/files.h"
+#include "runtime/messagebox.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
 #include "shell/cdlgex.h"
 #include "shell/textini.h"
 
-#include <QFile>
+#include <QDir>
 #include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
 
+#include <algorithm>
 #include <array>
 
 namespace vnb {
 namespace {
 
-/// The store: sections of keys with text values, VNB.ini in the user's configuration folder.
+/// The store: sections of keys with text values, VNB.ini in the user's configuration folder. What
+/// it raises tells the file, and the key that it is about.
 class Store {
 public:
-  Store() : m_settings(textIniFormat(), QSettings::UserScope, QStringLiteral("VNB")) {
-    // What a crash may leave: it would hold up the next writer for half a minute.
-    const QFileInfo lock(m_settings.fileName() + QStringLiteral(".lock"));
-    if (lock.isFile() && lock.size() == 0)
-      QFile::remove(lock.filePath());
+  const QString &path() const { return m_path; }
+
+  /// Takes what the file holds; nothing where there is none.
+  void read() {
+    constexpr qint64 largest = qint64{1} << 20; // a hundred times more than this program writes
+    about(m_path, [this] {
+      if (QFileInfo(m_path).size() > largest)
+        throw RuntimeError(ownError, QStringLiteral("The file is larger than 1 MiB."));
+      try {
+        File file;
+        file.openForInput(m_path);
+        m_values = readIni(file.readAll());
+      } catch (const RuntimeError &error) {
+        if (error.number() != static_cast<std::int32_t>(Fault::FileNotFound))
+          throw;
+      }
+    });
   }
 
   QString text(const char *key, const QString &standard) const {
-    return m_settings.value(QLatin1String(key), standard).toString();
+    return m_values.value(QLatin1String(key), standard);
+  }
+  /// Runs what makes use of a value. What it raises tells the key as well.
+  template <class Act>
+  auto telling(const char *key, const Act &act) const {
+    return about(with(QLatin1String(key)), act);
   }
   std::int32_t number(const char *key, std::int32_t standard) const {
-    return CLng(text(key, QString::number(standard)).toStdString());
+    return telling(key, [&] { return CLng(text(key, QString::number(standard)).toStdString()); });
   }
   bool truth(const char *key, bool standard) const {
     const QString value = text(key, truthText(standard));
     for (const bool truth : {true, false})
       if (value.compare(truthText(truth), Qt::CaseInsensitive) == 0)
         return truth;
-    return CDbl(value.toStdString()) != 0;
+    return telling(key, [&] { return CDbl(value.toStdString()) != 0; });
   }
 
-  void write(const char *key, const QString &value) {
-    m_settings.setValue(QLatin1String(key), value);
-  }
-  void write(const char *key, std::int32_t value) { write(key, QString::number(value)); }
-  void writeTruth(const char *key, bool value) { write(key, truthText(value)); }
+  void set(const char *key, const QString &value) { m_values[QLatin1String(key)] = value; }
+  void set(const char *key, std::int32_t value) { set(key, QString::number(value)); }
+  void setTruth(const char *key, bool value) { set(key, truthText(value)); }
 
-  void check() const {
-    if (m_settings.status() == QSettings::AccessError)
-      throw RuntimeError(Fault::PathFileAccess);
-  }
-  void sync() {
-    m_settings.sync();
-    check();
+  /// Puts all values into the file at once, whatever may happen meanwhile. A new one is for its
+  /// user alone.
+  void write() const {
+    QDir().mkpath(QFileInfo(m_path).path());
+    const bool isNew = !QFileInfo::exists(m_path);
+    const QByteArray bytes = iniText(m_values);
+    QSaveFile file(m_path);
+    bool done = file.open(QIODevice::WriteOnly);
+    if (done && isNew)
+      file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    done = done && file.write(bytes) == bytes.size() && file.commit();
+    if (!done)
+      throw RuntimeError(Fault::PathFileAccess).about(with(file.errorString()));
   }
 
 private:
   static QString truthText(bool value) {
     return value ? QStringLiteral("True") : QStringLiteral("False");
   }
+  QString with(const QString &detail) const { return m_path + QStringLiteral(": ") + detail; }
 
-  QSettings m_settings;
+  const QString m_path =
+      QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
+          .filePath(QStringLiteral("VNB.ini"));
+  IniValues m_values;
 };
+
+bool mayReplace(const QString &path) {
+  return showMessageBox(
+             {.title = QStringLiteral("Settings"),
+              .text = QStringLiteral("Not all settings could be read at the start.\n"
+                                     "Do you want to replace those in %1 by the present ones?")
+                          .arg(path),
+              .icon = MessageBox::Icon::Exclamation,
+              .buttons = MessageBox::Buttons::YesNo,
+              .preset = Answer::No}) == Answer::Yes;
+}
 
 struct StoredColour {
   const char *key;
@@ -83,54 +125,67 @@ QString positionText(double twips) {
   return doubleText(static_cast<float>(twips));
 }
 
-bool loadColours(const Report &report, const Store &store, SettingsView &view) {
-  for (const StoredColour &row : storedColours) {
-    const bool goOn = report([&] {
-      *row.colour = store.number(row.key, row.standard);
-      if (row.colour == &LinkColor)
-        view.templateColorChanged();
-    });
-    if (!goOn)
-      return false;
-  }
-  return true;
-}
-
 } // namespace
 
 void LoadSettings(SettingsView &view) {
   const Report report("frmMain", "LoadSettings");
-  const Store store;
+  Store store;
+  view.settingsLeftOut = false;
+  const auto reads = [&](const auto &statement) {
+    bool done = false;
+    const bool goOn = report([&] {
+      statement();
+      done = true;
+    });
+    view.settingsLeftOut |= !done;
+    return goOn;
+  };
   const auto position = [&](const char *key, void (SettingsView::*move)(std::int32_t)) {
-    return report([&] {
+    return reads([&] {
       const std::int32_t value = store.number(key, noPosition);
       if (value != noPosition)
         (view.*move)(value);
     });
   };
-  report([&] { store.check(); }) && position("Main/PosX", &SettingsView::setLeft) &&
+  const auto colour = [&](const StoredColour &row) {
+    return reads([&] {
+      *row.colour = store.number(row.key, row.standard);
+      if (row.colour == &LinkColor)
+        view.templateColorChanged();
+    });
+  };
+  const bool complete =
+      reads([&] { store.read(); }) && position("Main/PosX", &SettingsView::setLeft) &&
       position("Main/PosY", &SettingsView::setTop) &&
-      report([&] { view.LoadTheme(store.text("Main/Theme", QStringLiteral("default"))); }) &&
-      report([&] { ShowGrid = store.truth("Settings/ShowGrid", true); }) &&
-      report([&] { GridRes = store.number("Settings/GridRes", 20); }) &&
-      report([&] { Cdlg.FileName = store.text("Settings/LastFile", {}); }) &&
-      report([&] { LoadLastFile = store.truth("Settings/LoadLastFile", false); }) &&
-      loadColours(report, store, view);
+      // A theme that can't be loaded is read all the same: its path stays in the store.
+      report([&] {
+        store.telling("Main/Theme",
+                      [&] { view.LoadTheme(store.text("Main/Theme", QStringLiteral("default"))); });
+      }) &&
+      reads([&] { ShowGrid = store.truth("Settings/ShowGrid", true); }) &&
+      reads([&] { GridRes = store.number("Settings/GridRes", 20); }) &&
+      reads([&] { Cdlg.FileName = store.text("Settings/LastFile", {}); }) &&
+      reads([&] { LoadLastFile = store.truth("Settings/LoadLastFile", false); }) &&
+      std::all_of(storedColours.begin(), storedColours.end(), colour);
+  view.settingsLeftOut |= !complete;
 }
 
 void SaveSettings(const SettingsView &view) {
   reported("frmMain", "SaveSettings", [&] {
     Store store;
-    store.write("Main/PosX", positionText(view.Left()));
-    store.write("Main/PosY", positionText(view.Top()));
-    store.write("Main/Theme", ThemeFile);
-    store.write("Settings/LastFile", Cdlg.FileName);
-    store.writeTruth("Settings/LoadLastFile", LoadLastFile);
-    store.writeTruth("Settings/ShowGrid", ShowGrid);
-    store.write("Settings/GridRes", GridRes);
+    store.read(); // what others keep in it stays
+    if (view.settingsLeftOut && !mayReplace(store.path()))
+      return;
+    store.set("Main/PosX", positionText(view.Left()));
+    store.set("Main/PosY", positionText(view.Top()));
+    store.set("Main/Theme", ThemeFile);
+    store.set("Settings/LastFile", Cdlg.FileName);
+    store.setTruth("Settings/LoadLastFile", LoadLastFile);
+    store.setTruth("Settings/ShowGrid", ShowGrid);
+    store.set("Settings/GridRes", GridRes);
     for (const StoredColour &row : storedColours)
-      store.write(row.key, *row.colour);
-    store.sync();
+      store.set(row.key, *row.colour);
+    store.write();
   });
 }
 

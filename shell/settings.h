@@ -22,13 +22,18 @@ public:
   virtual void LoadTheme(const QString &sFileName) = 0;
   /// LinkColor is new: lines that are made from now on take it.
   virtual void templateColorChanged() = 0;
+
+  /// LoadSettings could not read all that the store may hold.
+  bool settingsLeftOut = false;
 };
 
-/// Reads the store once, at start. Any error goes to the standard error report; No leaves the
-/// remaining values as they are.
+/// Reads the store once, at start: VNB.ini in the user's configuration folder, a regular file of at
+/// most 1 MiB. Any error goes to the standard error report; No leaves the remaining values as they
+/// are.
 void LoadSettings(SettingsView &view);
 
-/// Writes every key, once, at shutdown. A store that can't be written is reported.
+/// Writes every key, once, at shutdown. A store that can't be read or written is reported and left
+/// alone; where LoadSettings could not read all of it, the user is asked first.
 void SaveSettings(const SettingsView &view);
 
 /// Position that stands for none.

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/textini.h"
 
-#include <QIODevice>
-
 namespace vnb {
 namespace {
 
@@ -41,10 +39,13 @@ QString lineText(const QString &value) {
   return plain ? text : u'"' + text + u'"';
 }
 
-bool read(QIODevice &device, QSettings::SettingsMap &values) {
+} // namespace
+
+IniValues readIni(const QByteArray &bytes) {
+  IniValues values;
   QString section;
-  while (!device.atEnd()) {
-    const QString line = QString::fromUtf8(device.readLine()).trimmed();
+  for (const QByteArray &bytesOfLine : bytes.split('\n')) {
+    const QString line = QString::fromUtf8(bytesOfLine).trimmed();
     const qsizetype equals = line.indexOf(u'=');
     if (line.startsWith(u';') || line.startsWith(u'#'))
       continue;
@@ -54,11 +55,11 @@ bool read(QIODevice &device, QSettings::SettingsMap &values) {
     else if (line.startsWith(u'[') && line.endsWith(u']'))
       section = line.sliced(1).chopped(1) + u'/';
   }
-  return true;
+  return values;
 }
 
 /// Keys of no section come first: behind a section's line they would be its own.
-bool write(QIODevice &device, const QSettings::SettingsMap &values) {
+QByteArray iniText(const IniValues &values) {
   QString text;
   QString last;
   for (const bool sections : {false, true})
@@ -71,18 +72,9 @@ bool write(QIODevice &device, const QSettings::SettingsMap &values) {
       if (head != last)
         text += text.isEmpty() ? head : u'\n' + head;
       last = head;
-      text += value.key().sliced(slash + 1) + u'=' + lineText(value->toString()) + u'\n';
+      text += value.key().sliced(slash + 1) + u'=' + lineText(*value) + u'\n';
     }
-  const QByteArray bytes = text.toUtf8();
-  return device.write(bytes) == bytes.size();
-}
-
-} // namespace
-
-QSettings::Format textIniFormat() {
-  static const QSettings::Format format =
-      QSettings::registerFormat(QStringLiteral("ini"), read, write);
-  return format;
+  return text.toUtf8();
 }
 
 } // namespace vnb

@@ -2,13 +2,21 @@
 /// INI files whose values are text and nothing else.
 #pragma once
 
-#include <QSettings>
+#include <QByteArray>
+#include <QMap>
+#include <QString>
 
 namespace vnb {
 
-/// The format for QSettings, in files "*.ini". Unlike Qt's own, no value stands for a list or a
-/// serialised object: a hand-made "@Variant(...)" is text, where Qt's reader may end the process.
-/// Any bytes can be read; lines without "=" are passed over. UTF-8.
-QSettings::Format textIniFormat();
+/// The values by "section/key", or "key" where a key stands above all sections.
+using IniValues = QMap<QString, QString>;
+
+/// What a file in UTF-8 holds. Any bytes can be read; lines without "=" are passed over. Unlike in
+/// QSettings, no value stands for a list or a serialised object: a hand-made "@Variant(...)" is
+/// text, where Qt's reader may end the process.
+IniValues readIni(const QByteArray &bytes);
+
+/// The bytes from which readIni makes `values`.
+QByteArray iniText(const IniValues &values);
 
 } // namespace vnb

@@ -15,7 +15,6 @@
 
 #include <QComboBox>
 #include <QPointer>
-#include <QSettings>
 #include <QTest>
 #include <QWindow>
 
@@ -77,7 +76,7 @@ private:
 class Gesture : public testing::Test {
 public:
   Gesture() {
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, store.path("."));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(store.path(".")));
     Cdlg = {};
     showFileDialog = [this](const FileDialog &dialog) -> std::optional<QString> {
       dialogs.push_back(dialog);

@@ -12,7 +12,6 @@
 
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QSettings>
 #include <QTest>
 #include <QWindow>
 
@@ -54,7 +53,7 @@ std::discrete_distribution<std::size_t> stepWeights() {
 }
 
 Session::Session() {
-  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path("."));
+  qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path(".")));
   Cdlg = {};
   showFileDialog = [this](const FileDialog &) -> std::optional<QString> {
     return answer.isNull() ? std::nullopt : std::optional(answer);

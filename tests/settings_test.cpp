@@ -2,26 +2,21 @@
 #include "shell/settings.h"
 #include "shellsupport.h"
 
-#include <QDir>
-#include <QElapsedTimer>
-#include <QSettings>
+#include <QFileInfo>
 
 #include <gmock/gmock.h>
 
-#include <csignal>
 #include <map>
 #include <memory>
-#include <random>
 #include <sstream>
 
-#include <sys/wait.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
-using testing::AnyOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing::StartsWith;
 
 namespace vnb::test {
 namespace {
@@ -70,7 +65,7 @@ protected:
     useFolder(folder->path("."));
   }
   static void useFolder(const QString &path) {
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, path);
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(path));
   }
   std::string stored() const { return Folder::bytes(folder->path("VNB.ini")).toStdString(); }
 
@@ -78,20 +73,26 @@ protected:
   Words load(const std::vector<Answer> &answers = {}) {
     const Boxes boxes(answers);
     LoadSettings(window);
-    return boxes.texts;
+    return texts(boxes);
   }
   Words load(const std::string &bytes, const std::vector<Answer> &answers = {}) {
     newStore(QByteArray::fromStdString(bytes));
     return load(answers);
   }
-  Words save() const {
-    const Boxes boxes;
+  Words save(const std::vector<Answer> &answers = {}) {
+    const Boxes boxes(answers);
     SaveSettings(window);
+    return texts(boxes);
+  }
+  Words texts(const Boxes &boxes) {
+    if (!boxes.boxes.empty())
+      told = boxes.boxes.back().text.toStdString();
     return boxes.texts;
   }
 
   std::unique_ptr<Folder> folder;
   Window window;
+  std::string told; // by the last box
 };
 
 TEST_F(Settings, AFirstRunReadsTheDefaults) {
@@ -214,6 +215,7 @@ TEST_F(Settings, AFaultyValueIsReportedAndAnsweredForItself) {
         continue;
       EXPECT_THAT(load(keys[i] + "=wrong\n", {answer}), ElementsAre("13 frmMain.LoadSettings"))
           << keys[i];
+      EXPECT_THAT(told, HasSubstr("\n" + folder->path("./VNB.ini: ").toStdString() + keys[i]));
       Words due = defaults;
       for (std::size_t at = i; at < (answer == Answer::Yes ? i + 1 : keys.size()); ++at)
         due[at] = unread[at];
@@ -233,65 +235,62 @@ TEST_F(Settings, AFaultyPlaceOrThemeIsReportedAndAnsweredForItself) {
                                     {"[Main]\nPosX=30\nPosY=top\n", {"left 30"}},
                                     {"[Main]\nTheme=none\n", {"theme none"}}}) {
     EXPECT_THAT(load(bytes), SizeIs(1));
+    EXPECT_THAT(told, HasSubstr("/VNB.ini: Main/"));
     EXPECT_EQ(window.calls, calls);
     EXPECT_EQ(GridRes, -7);
   }
 }
 
-TEST_F(Settings, AStoreThatCannotBeWrittenIsReported) {
-  useFolder(folder->file("a file", "file") + QStringLiteral("/below"));
-  EXPECT_THAT(save(), ElementsAre("75 frmMain.SaveSettings"));
-  EXPECT_EQ(GridRes, -7);
-  EXPECT_EQ(Folder::bytes(folder->path("file")), "a file");
-
-  newStore();
-  EXPECT_TRUE(QDir(folder->path(".")).mkdir(QStringLiteral("VNB.ini")));
-  EXPECT_THAT(load(yes(1)), ElementsAre("75 frmMain.LoadSettings"));
-  EXPECT_EQ(values(), defaults) << "Yes starts with what there is";
-  EXPECT_THAT(save(), ElementsAre("75 frmMain.SaveSettings"));
-
+TEST_F(Settings, ANewStoreIsForItsUserAloneAndAnOldOneKeepsItsMode) {
+  const auto mode = [&](const char *name) {
+    return QFile::permissions(folder->path(name)) & 0x7077;
+  };
   useFolder(folder->path("not/there/yet"));
   EXPECT_THAT(save(), IsEmpty()) << "a missing folder is made";
-  EXPECT_TRUE(Folder::bytes(folder->path("not/there/yet/VNB.ini")).contains("GridRes=20"));
+  EXPECT_EQ(mode("not/there/yet/VNB.ini"), 0x6000);
+  newStore();
+  ASSERT_EQ(::chmod(QFile::encodeName(folder->file("a=1\n", "real.ini")), 0644), 0);
+  ASSERT_TRUE(QFile::link(QStringLiteral("real.ini"), folder->path("VNB.ini")));
+  EXPECT_THAT(save(), IsEmpty());
+  EXPECT_TRUE(QFileInfo(folder->path("VNB.ini")).isSymLink());
+  EXPECT_EQ(mode("real.ini"), 0x6044);
+  EXPECT_THAT(stored(), StartsWith("a=1\n\n[Colors]"));
+  useFolder(QStringLiteral("/proc/self"));
+  EXPECT_THAT(save(), ElementsAre("75 frmMain.SaveSettings"));
+  EXPECT_THAT(told, HasSubstr("\n/proc/self/VNB.ini: "));
 }
 
-/// Whenever a writer dies, there is the store before or the store after, and the next one may
-/// write.
-TEST_F(Settings, AWriterKilledAtAnyMomentSpoilsNothing) {
-  const auto saved = [this](std::int32_t distance) {
-    GridRes = distance;
-    EXPECT_THAT(save(), IsEmpty());
-    return stored();
-  };
-  const std::string one = saved(10);
-  const std::string other = saved(999);
-  std::mt19937 random(1);
-  for (int round = 0; round < 100; ++round) {
-    const pid_t writer = ::fork();
-    ASSERT_GE(writer, 0);
-    if (writer == 0)
-      for (;;) {
-        saved(10);
-        saved(999);
-      }
-    ::usleep(static_cast<useconds_t>(random() % 4000));
-    ::kill(writer, SIGKILL);
-    ::waitpid(writer, nullptr, 0);
-    EXPECT_THAT(stored(), AnyOf(one, other)) << "round " << round;
-    EXPECT_EQ(saved(10), one) << "past what the dead one may have locked";
+TEST_F(Settings, WhatCannotBeReadIsToldAndLeftAlone) {
+  for (const auto &[place, number] :
+       sides({". -> 75", "pipe -> 75", "/dev/zero -> 75", "/proc/self/mem -> 57", "VNB.ini -> 75",
+              "large -> -2147221163"})) {
+    newStore();
+    ASSERT_EQ(::mkfifo(QFile::encodeName(folder->path("pipe")), 0600), 0);
+    ASSERT_TRUE(QFile::resize(folder->file("a=1\n", "large"), 100'000'000));
+    ASSERT_TRUE(QFile::link(QString::fromStdString(place), folder->path("VNB.ini")));
+    for (const char *procedure : {"LoadSettings", "SaveSettings"}) {
+      EXPECT_THAT(procedure[0] == 'L' ? load(yes(1)) : save(yes(1)),
+                  ElementsAre(number + " frmMain." + procedure))
+          << place;
+      EXPECT_THAT(told, HasSubstr("/VNB.ini\n"));
+    }
+    EXPECT_EQ(values(), defaults) << "Yes starts with what there is";
   }
 }
 
-TEST_F(Settings, ALockLeftByACrashHoldsNobodyUp) {
-  const QString lock = folder->file({}, "VNB.ini.lock");
-  QElapsedTimer clock;
-  clock.start();
-  EXPECT_THAT(load(), IsEmpty());
-  EXPECT_FALSE(QFile::exists(lock));
-  folder->file({}, "VNB.ini.lock");
-  EXPECT_THAT(save(), IsEmpty());
-  EXPECT_LT(clock.elapsed(), 10'000);
-  EXPECT_THAT(stored(), HasSubstr("GridRes=20"));
+TEST_F(Settings, WhatWasLeftOutIsReplacedOnlyOnYes) {
+  window.themeFails = true;
+  for (const auto &[line, answer, asks] :
+       std::vector<std::tuple<std::string, Answer, bool>>{{"GridRes=wrong\n", Answer::Yes, true},
+                                                          {"GridRes=30\n", Answer::No, true},
+                                                          {"GridRes=30\n", Answer::Yes, false}}) {
+    const std::string before = "[Settings]\n" + line;
+    load(before, std::vector(2, answer));
+    EXPECT_EQ(save().size(), asks) << "answered with No";
+    EXPECT_EQ(stored() == before, asks) << line;
+    save({Answer::Yes});
+    EXPECT_THAT(stored(), HasSubstr("GridRes=" + std::to_string(GridRes)));
+  }
 }
 
 } // namespace
