@@ -245,8 +245,9 @@ void frmMain::openFile(const QString &sFileName, bool bTakeYourTime) {
 
 void frmMain::picSave_Click() {
   reported("frmMain", "picSave_Click", [this] {
-    if (askForFile(*this, "Save LAN", true))
-      SaveLAN(Cdlg.FileName);
+    const QString before = Cdlg.FileName;
+    if (askForFile(*this, "Save LAN", true) && !SaveLAN(Cdlg.FileName))
+      Cdlg.FileName = before;
   });
 }
 

@@ -205,7 +205,7 @@ void addFile(FileText &file) {
 
 } // namespace
 
-void SaveLAN(const QString &sFileName) {
+bool SaveLAN(const QString &sFileName) {
   std::unique_ptr<FileText> text;
   File file;
   const bool made = reported("frmMain", "SaveLAN", [&] {
@@ -214,10 +214,13 @@ void SaveLAN(const QString &sFileName) {
   });
   // Without a text the old file is better left as it is.
   if (!made || !text)
-    return;
+    return false;
+  int done = 0; // without an error
   reported(
-      "frmMain", "SaveLAN", [&] { file.openForOutput(sFileName); },
-      [&] { file.write(text->bytes(), spoiltHead); }, [&] { file.flush(); }, [&] { file.close(); });
+      "frmMain", "SaveLAN", [&] { file.openForOutput(sFileName), ++done; },
+      [&] { file.write(text->bytes(), spoiltHead), ++done; }, [&] { file.flush(), ++done; },
+      [&] { file.close(), ++done; });
+  return done == 4;
 }
 
 } // namespace vnb

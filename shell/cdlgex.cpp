@@ -4,11 +4,27 @@
 #include "forms/dialogs.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 namespace vnb {
 
 CdlgEx Cdlg;
+
+namespace {
+
+/// A folder in which the user can keep files.
+QString ownFolder() {
+  for (const QString &folder :
+       {QCoreApplication::applicationDirPath(),
+        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)})
+    if (QFileInfo(folder).isWritable())
+      return folder;
+  return QDir::homePath();
+}
+
+} // namespace
 
 bool CdlgEx::ShowOpen() {
   return run({.kind = FileDialog::Kind::Open});
@@ -35,7 +51,7 @@ bool CdlgEx::run(const FileDialog &dialog) {
   request.title = DialogTitle;
   request.filter = Filter;
   request.filterIndex = FilterIndex;
-  request.folder = InitDir.isEmpty() ? QCoreApplication::applicationDirPath() : InitDir;
+  request.folder = InitDir.isEmpty() ? ownFolder() : InitDir;
   request.fileName = FileName;
   const std::optional<QString> chosen = showFileDialog(request);
   if (!chosen)

@@ -32,7 +32,8 @@ public:
   /// Pairs of description and pattern, all separated by the bar character.
   QString Filter;
   std::int32_t FilterIndex = 0;
-  /// Folder that a file dialog starts in while FileName is empty; empty for the executable's.
+  /// Folder that a file dialog starts in while FileName is empty; empty for the executable's if
+  /// that can be written, else the user's documents, else their home.
   QString InitDir;
   /// Colour that the colour dialog starts on and returns.
   Colour RGBResult = 0;

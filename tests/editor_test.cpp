@@ -61,8 +61,13 @@ TEST_F(Editor, OpensAndSavesByteForByte) {
   EXPECT_EQ(UBound(Systems), 41) << "cancelled";
   main.picNew_Click();
   EXPECT_EQ(Cdlg.FileName, folder.path("copy.txt")) << "New keeps the name";
-  this->open(QStringLiteral(""));
   EXPECT_THAT(boxes.texts, IsEmpty());
+  fileName = folder.path("none/copy.txt");
+  const Boxes faults(yes(3));
+  main.picSave_Click();
+  EXPECT_EQ(faults.texts[0], "76 frmMain.SaveLAN");
+  EXPECT_EQ(Cdlg.FileName, folder.path("copy.txt")) << "a save that fails keeps it, too";
+  this->open(QStringLiteral(""));
 }
 
 TEST_F(Editor, KeysActOnReleaseWhereTheyWerePressed) {
