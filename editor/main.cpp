@@ -9,6 +9,7 @@
 #include <QIcon>
 #include <QSettings>
 
+#include <csignal>
 #include <cstdlib>
 
 int main(int argc, char *argv[]) {
@@ -28,15 +29,15 @@ int main(int argc, char *argv[]) {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
   // The splash stays hidden to the end: the main window alone ends the program.
   QApplication::setQuitOnLastWindowClosed(false);
+  // A pipe without a reader and a file too large are errors to tell, not ends.
+  for (const int fault : {SIGPIPE, SIGXFSZ})
+    std::signal(fault, SIG_IGN);
   frmMain form;
-  // Before the window shows, the settings have not all been read, and must not be written.
-  const auto end = [&] { form.isVisible() ? void(form.close()) : std::_Exit(EXIT_SUCCESS); };
-  const auto save = [&] {
-    if (form.isVisible())
-      form.saveSettings();
-  };
-  const Termination termination(end, save);
   form.Form_Load();
   // Without a window, since the user left the start halfway, nothing could end the program.
-  return form.isVisible() ? QApplication::exec() : EXIT_FAILURE;
+  if (!form.isVisible())
+    return EXIT_FAILURE;
+  // Until here a signal ends the process at once: there is nothing yet to be saved.
+  const Termination termination([&] { form.close(); }, [&] { form.saveSettings(); });
+  return QApplication::exec();
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-/// Ends that come from outside: a signal or the end of the desktop session.
+/// An orderly end when the system, not the user, stops the program.
 #pragma once
 
 #include <QObject>
@@ -8,11 +8,24 @@
 
 namespace vnb {
 
-/// Calls `end` from the event loop when the process is told to stop (SIGTERM, SIGINT, SIGHUP), and
-/// `save` when the session ends. One of its kind at a time.
+/// From its making on, calls `end` and leaves the event loop when the process is told to stop
+/// (SIGTERM, SIGINT, SIGHUP, the session's end, QCoreApplication::quit), and calls `save` when the
+/// session is about to end. Neither asks anything: what message boxes would show goes to the
+/// standard error stream, and a menu, box or dialog that is up is cancelled first, so that nobody
+/// waits within a handler while the program ends. One of its kind at a time.
 class Termination : public QObject {
 public:
-  Termination(std::function<void()> end, const std::function<void()> &save);
+  Termination(std::function<void()> end, std::function<void()> save);
+  ~Termination() override;
+  Termination(const Termination &) = delete;
+  Termination &operator=(const Termination &) = delete;
+
+  bool eventFilter(QObject *object, QEvent *event) override;
+
+private:
+  void stop();
+
+  std::function<void()> m_end;
 };
 
 } // namespace vnb

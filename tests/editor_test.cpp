@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Files, keys, settings and themes, as the main window takes them.
 #include "appearance/theme.h"
+#include "editor/termination.h"
 #include "gesture.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
@@ -12,9 +13,12 @@
 #include <QDir>
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QTimer>
 #include <QToolTip>
+
+#include <csignal>
 
 using testing::IsEmpty;
 
@@ -258,6 +262,31 @@ TEST_F(Editor, ToolTipsNameDevicesAndButtons) {
   EXPECT_EQ(child("picSave").toolTip(), u"Save LAN (Ctrl-S)");
   tip({400, 300}); // the bare surface
   EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+}
+
+/// Whoever waits gets No or nothing, asks in vain from then on, and is done before the end.
+TEST(Termination, EndsOnlyWhenNobodyWaits) {
+  QApplication::setQuitOnLastWindowClosed(false);
+  for (const bool bySignal : {true, false}) {
+    Words order;
+    const auto ask = [&order] {
+      const MessageBox question{.title = {}, .text = {}, .buttons = MessageBox::Buttons::YesNo};
+      order.emplace_back(showMessageBox(question) == Answer::No ? "no" : "yes");
+    };
+    const Boxes boxes; // takes the place of the real ones in the end
+    showMessageBox = showMessageWindow;
+    const Termination termination([&] { order.emplace_back("end"); }, {});
+    QTimer::singleShot(0, [&] {
+      QTimer::singleShot(0, ask);
+      QMenu menu;
+      menu.addAction(QStringLiteral("entry"));
+      order.emplace_back(menu.exec(QPoint()) == nullptr ? "no entry" : "entry");
+      ask();
+    });
+    QTimer::singleShot(50, [&] { bySignal ? void(std::raise(SIGTERM)) : QApplication::quit(); });
+    QApplication::exec();
+    EXPECT_THAT(order, testing::ElementsAre("no", "no entry", "no", "end"));
+  }
 }
 
 } // namespace

@@ -62,7 +62,6 @@ active() {
 is_active() { [ "$(active)" = "$(named "$1")" ]; }
 active_is() { [ "$(active)" = "$1" ]; }
 active_is_not() { ! active_is "$1" && active; }
-window_of() { [ -n "$(xdotool search --all --onlyvisible --pid "$1" --name "^$title")" ]; } # PID
 stands_at() { # WINDOW X Y
   eval "$(xdotool getwindowgeometry --shell "$1")" && [ "$X" -ge "$2" ] && [ "$Y" -ge "$3" ]
 }
@@ -96,12 +95,12 @@ start_and_wait() {
   wait_for "$title"
   main=$(named "$title")
 }
-# The program must have ended by itself, and well.
-ended() {
+# The program must have ended by itself, and well, unless another code is due.
+ended() { # CODE
   local code=0
   until_so gone "$pid"
   wait "$pid" || code=$?
-  [ "$code" -eq 0 ] || fail "the program ended with $code"
+  [ "$code" -eq "${1:-0}" ] || fail "the program ended with $code"
 }
 
 # The pointer and the keys.
