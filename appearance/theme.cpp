@@ -2,6 +2,7 @@
 #include "appearance/theme.h"
 
 #include "appearance/images.h"
+#include "document/systemtype.h"
 #include "runtime/error.h"
 #include "runtime/xml.h"
 
@@ -18,8 +19,9 @@ QString ThemeName;
 
 namespace {
 
+/// Which colour a theme's COLOR entry sets.
 struct ColourKey {
-  const char *key;
+  std::string_view key;
   Colour *target;
 };
 
@@ -41,8 +43,9 @@ const std::array colourKeys{
     ColourKey{"secure3", &SecureColor[2]},
 };
 
+/// Which button a theme's BUTTON entry gives pictures.
 struct ButtonKey {
-  const char *key;
+  std::string_view key;
   const char *tag; // of the button
 };
 
@@ -56,36 +59,29 @@ constexpr std::array buttonKeys{
     ButtonKey{"delsubnet", "DELSUB"},
 };
 
+/// Which device a theme's DEVICE entry gives a picture.
 struct DeviceKey {
-  const char *key;
+  std::string_view key;
 };
 
 /// In the order of the system types, from 1 on.
-constexpr std::array<DeviceKey, SystemType::Last> deviceKeys{{
-    {"router"},
-    {"hub"},
-    {"switch"},
-    {"terminal"},
-    {"mainserver"},
-    {"mailserver"},
-    {"fileserver"},
-    {"auth"},
-    {"lock"},
-    {"ibridge"},
-    {"modem"},
-    {"sessionkeyserver"},
-    {"radiotrans"},
-    {"radioreceive"},
-    {"faxprinter"},
-    {"logserver"},
-}};
+std::array<DeviceKey, SystemType::Last> deviceKeys() {
+  std::array<DeviceKey, SystemType::Last> keys;
+  for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType)
+    keys[static_cast<std::size_t>(lType - 1)] = {typeRow(lType).themeKey};
+  return keys;
+}
+
+QLatin1String latin1(std::string_view key) {
+  return QLatin1String(key.data(), static_cast<qsizetype>(key.size()));
+}
 
 /// Position of the row whose key is `value` in any case, or the table's size.
 template <class Table>
 std::size_t find(const Table &table, const QString &value) {
   const QString key = value.toLower();
   std::size_t i = 0;
-  while (i < table.size() && key != QLatin1String(table[i].key))
+  while (i < table.size() && key != latin1(table[i].key))
     ++i;
   return i;
 }
@@ -160,11 +156,11 @@ public:
 
 private:
   /// A missing name leaves the folder alone, which is no picture.
-  QString file(const XmlElement &entry, const QString &attribute, const char *key) {
+  QString file(const XmlElement &entry, const QString &attribute, std::string_view key) {
     const QString name = entry.getAttribute(attribute).value_or(QString());
     if (name.isEmpty())
       m_missing += QStringLiteral("The entry \"%1\" names no picture for \"%2\".")
-                       .arg(QLatin1String(key), attribute);
+                       .arg(latin1(key), attribute);
     return m_folder + name;
   }
 
@@ -231,7 +227,8 @@ void LoadTheme(const QString &sFileName, EditorView &view) {
   const QStringList buttonFiles =
       files.of(buttons, u"for", buttonKeys,
                {QStringLiteral("off"), QStringLiteral("over"), QStringLiteral("down")});
-  const QStringList deviceFiles = files.of(devices, u"name", deviceKeys, {QStringLiteral("image")});
+  const QStringList deviceFiles =
+      files.of(devices, u"name", deviceKeys(), {QStringLiteral("image")});
   about(files.missing(), [&] { loadImages(buttonFiles, deviceFiles, view); });
 }
 
