@@ -27,7 +27,6 @@ void DiagramOperations::ClearLAN() {
     m_surface.picSystem.unloadAll();
     m_surface.lneLink.unloadAll();
     m_surface.lneLink(0).Visible = false;
-    m_surface.lneLink(0).BorderColor = LinkColor;
     m_surface.picSystem(0) = {};
     m_surface.update();
     m_view.lanCleared();
@@ -86,6 +85,7 @@ void DiagramOperations::AddLink(std::int32_t lFrom, double lFromX, double lFromY
   if (m_surface.lneLink.UBound() != lIndex)
     return;
   Line &line = m_surface.lneLink(lIndex);
+  line.BorderColor = LinkColor;
   reported(
       "frmMain", "AddLink", [&] { line.X1 = endX(m_surface.spriteRect(lFrom), lFromX); },
       [&] { line.X2 = endX(m_surface.spriteRect(lTo), lToX); },

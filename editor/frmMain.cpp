@@ -300,10 +300,6 @@ void frmMain::linkColorChanged() {
   picLayout().update();
 }
 
-void frmMain::templateColorChanged() {
-  picLayout().lneLink(0).BorderColor = LinkColor;
-}
-
 void frmMain::UpdateColors() {
   m_forms.UpdateColors();
   updateOwnColors();

@@ -93,7 +93,6 @@ private:
   double Left() const override;
   double Top() const override;
   void LoadTheme(const QString &sFileName) override;
-  void templateColorChanged() override;
 
   std::optional<int> m_storedLeft; // pixels, until the window shows
   std::optional<int> m_storedTop;

@@ -27,7 +27,6 @@ public:
   double Left() const override { return m_left; }
   double Top() const override { return m_top; }
   void LoadTheme(const QString &sFileName) override { ThemeFile = sFileName; }
-  void templateColorChanged() override {}
 
 private:
   static std::int32_t onScreen(std::int32_t place) {

@@ -148,11 +148,7 @@ void LoadSettings(SettingsView &view) {
     });
   };
   const auto colour = [&](const StoredColour &row) {
-    return reads([&] {
-      *row.colour = store.number(row.key, row.standard);
-      if (row.colour == &LinkColor)
-        view.templateColorChanged();
-    });
+    return reads([&] { *row.colour = store.number(row.key, row.standard); });
   };
   const bool complete =
       reads([&] { store.read(); }) && position("Main/PosX", &SettingsView::setLeft) &&

@@ -20,8 +20,6 @@ public:
   virtual double Top() const = 0;
   /// Raises what is wrong with the theme.
   virtual void LoadTheme(const QString &sFileName) = 0;
-  /// LinkColor is new: lines that are made from now on take it.
-  virtual void templateColorChanged() = 0;
 
   /// LoadSettings could not read all that the store may hold.
   bool settingsLeftOut = false;

@@ -8,7 +8,6 @@
 
 #include <map>
 #include <memory>
-#include <sstream>
 
 #include <sys/stat.h>
 
@@ -38,11 +37,6 @@ public:
     EXPECT_EQ(GridRes, -7) << "the theme comes first";
     for (Colour *colour : allColours())
       *colour = 0x123456;
-  }
-  void templateColorChanged() override {
-    std::ostringstream out;
-    out << "link " << std::hex << LinkColor << ", " << LinkSelColor;
-    calls.push_back(out.str());
   }
 
   Words calls;
@@ -98,7 +92,7 @@ protected:
 TEST_F(Settings, AFirstRunReadsTheDefaults) {
   EXPECT_THAT(load(), IsEmpty());
   EXPECT_EQ(values(), defaults) << "whatever the theme says";
-  EXPECT_THAT(window.calls, ElementsAre("theme default", "link e48257, 123456"));
+  EXPECT_THAT(window.calls, ElementsAre("theme default"));
   EXPECT_EQ(BackgroundColor, 0x123456) << "the theme's";
 }
 
@@ -111,8 +105,7 @@ TEST_F(Settings, EveryKeyIsRead) {
       IsEmpty());
   EXPECT_THAT(values(), ElementsAre("no grid", "10", "/a lan.txt", "last", "1", "2", "3", "4", "5",
                                     "6", "7"));
-  EXPECT_THAT(window.calls, ElementsAre("left -75", "top 1500", "theme /themes/blue/theme.xml",
-                                        "link 2, 123456"));
+  EXPECT_THAT(window.calls, ElementsAre("left -75", "top 1500", "theme /themes/blue/theme.xml"));
 }
 
 TEST_F(Settings, EveryKeyIsWrittenAsTextAndThoseOfOthersStay) {
