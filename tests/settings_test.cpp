@@ -153,7 +153,7 @@ TEST_F(Settings, AnyPathComesBack) {
     EXPECT_THAT(save(), IsEmpty());
     EXPECT_THAT(load(stored()), IsEmpty());
     EXPECT_EQ(Cdlg.FileName.toStdString(), path);
-    EXPECT_EQ(window.calls.end()[-2], std::string("theme ") + path);
+    EXPECT_EQ(window.calls.back(), std::string("theme ") + path);
   }
 }
 
