@@ -4,16 +4,6 @@
 #include <QStringBuilder>
 
 namespace vnb {
-namespace {
-
-QString linkName(const LinkRec &link, std::int32_t lIndex, QLatin1String to, QLatin1String from) {
-  const bool first = link.lFrom == lIndex;
-  const std::int32_t other = first ? link.lTo : link.lFrom;
-  return (first ? to : from) % friendlyName(other) % u' ' % QString::number(other);
-}
-
-} // namespace
-
 QString friendlyName(std::int32_t lIndex) {
   const bool known = lIndex >= 0 && lIndex <= UBound(Systems);
   return NameFromType(known ? at(Systems, lIndex).lType : SystemType::Unknown, true);
@@ -23,12 +13,16 @@ QString deviceName(std::int32_t lIndex) {
   return friendlyName(lIndex) % u' ' % QString::number(lIndex);
 }
 
-QString linkDirection(const LinkRec &link, std::int32_t lIndex) {
-  return linkName(link, lIndex, QLatin1String("to "), QLatin1String("from "));
+QString linkName(const LinkRec &link, std::int32_t lIndex) {
+  const bool first = link.lFrom == lIndex;
+  const std::int32_t other = first ? link.lTo : link.lFrom;
+  return QLatin1String(first ? "Link to " : "Link from ") % friendlyName(other) % u' ' %
+         QString::number(other);
 }
 
-QString linkName(const LinkRec &link, std::int32_t lIndex) {
-  return linkName(link, lIndex, QLatin1String("Link to "), QLatin1String("Link from "));
+QString inSentence(QString name) {
+  name[0] = name[0].toLower();
+  return name;
 }
 
 } // namespace vnb

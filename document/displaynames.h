@@ -12,10 +12,10 @@ QString friendlyName(std::int32_t lIndex);
 /// "Main server 3": displayed name and number; an unknown device if there is none of that number.
 QString deviceName(std::int32_t lIndex);
 
-/// "to Main server 3" or "from Main server 3": the other end of a link, seen from system `lIndex`.
-QString linkDirection(const LinkRec &link, std::int32_t lIndex);
-
 /// "Link to Hub 3" as seen from system `lIndex`, "Link from Hub 3" where the link ends there.
 QString linkName(const LinkRec &link, std::int32_t lIndex);
+
+/// "link to Hub 3": such a name amid a sentence.
+QString inSentence(QString name);
 
 } // namespace vnb

@@ -63,8 +63,8 @@ void ContextMenu::addTypes(QMenu &mnuPopup, std::int32_t Index) {
 }
 
 void ContextMenu::mnuLink_Click(std::int32_t Index, std::int32_t lLink) {
-  if (confirmed(QStringLiteral("Are you sure you want to remove the link ") +
-                linkDirection(at(Links, lLink), Index) + u'?'))
+  if (confirmed(QStringLiteral("Are you sure you want to remove the ") +
+                inSentence(linkName(at(Links, lLink), Index)) + u'?'))
     m_diagram.operations.RemoveLink(lLink, false);
   selectAgain();
 }

@@ -12,7 +12,7 @@ namespace vnb {
 /// Writes the document to `sFileName`. Wherever that is cut off, there stands the earlier file, the
 /// new one, or one that OpenLANFile reports. Failures (a path that can't be made or written, a full
 /// disk) go to the standard error report; a file that didn't exist before is then removed. Returns
-/// whether there was none.
+/// whether the file has been written.
 bool SaveLAN(const QString &sFileName);
 
 /// The fields of LanHeader, in file order.

@@ -244,8 +244,8 @@ void frmLinks::cmdRemove_Click() {
       return;
     const std::int32_t lLink = picked->number;
     if (showMessageBox({.title = QStringLiteral("Really remove?"),
-                        .text = QStringLiteral("Are you sure you want to remove the link ") +
-                                linkDirection(at(Links, lLink), lSelectedItem) + u'?',
+                        .text = QStringLiteral("Are you sure you want to remove the ") +
+                                inSentence(picked->text) + u'?', // as the row has it
                         .icon = MessageBox::Icon::Question,
                         .buttons = MessageBox::Buttons::YesNo}) != Answer::Yes)
       return;
