@@ -2,6 +2,7 @@
 #include "appearance/images.h"
 
 #include "forms/pictures.h"
+#include "runtime/at.h"
 #include "runtime/error.h"
 
 #include <QPainter>
@@ -59,9 +60,7 @@ QPixmap onBlack(const QPixmap &picture) {
 } // namespace
 
 const QPixmap &DeviceImages(std::int32_t lType) {
-  if (lType < 0 || lType > SystemType::Last)
-    throw RuntimeError(Fault::SubscriptOutOfRange);
-  return looks()[static_cast<std::size_t>(lType)].picture;
+  return at(looks(), lType).picture;
 }
 
 DeviceLooks::DeviceLooks() : m_looks(looks()) {}
@@ -82,8 +81,7 @@ void LoadDeviceImages(const QString &files) {
   const QStringList paths =
       fields(files, SystemType::Last, "Incorrect paramaters to LoadDeviceImages!");
   for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType)
-    looks()[static_cast<std::size_t>(lType)] =
-        lookOf(onBlack(pictureOr(paths[lType - 1], ResIDFromType(lType))));
+    at(looks(), lType) = lookOf(onBlack(pictureOr(paths[lType - 1], ResIDFromType(lType))));
 }
 
 void DoImage(PictureButton &button, const ButtonImageSet &set, bool up) {

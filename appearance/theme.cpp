@@ -3,6 +3,7 @@
 
 #include "appearance/images.h"
 #include "document/systemtype.h"
+#include "runtime/at.h"
 #include "runtime/error.h"
 #include "runtime/xml.h"
 
@@ -68,7 +69,7 @@ struct DeviceKey {
 std::array<DeviceKey, SystemType::Last> deviceKeys() {
   std::array<DeviceKey, SystemType::Last> keys;
   for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType)
-    keys[static_cast<std::size_t>(lType - 1)] = {typeRow(lType).themeKey};
+    at(keys, lType - 1) = {typeRow(lType).themeKey};
   return keys;
 }
 

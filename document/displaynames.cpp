@@ -4,6 +4,7 @@
 #include <QStringBuilder>
 
 namespace vnb {
+
 QString friendlyName(std::int32_t lIndex) {
   const bool known = lIndex >= 0 && lIndex <= UBound(Systems);
   return NameFromType(known ? at(Systems, lIndex).lType : SystemType::Unknown, true);

@@ -3,7 +3,7 @@
 /// writes directly.
 #pragma once
 
-#include "runtime/error.h"
+#include "runtime/at.h"
 
 #include <QString>
 
@@ -74,14 +74,6 @@ extern bool LoadingFile;
 template <class T>
 std::int32_t UBound(const std::vector<T> &array) {
   return static_cast<std::int32_t>(array.size()) - 1;
-}
-
-/// Element `lIndex` of one of them. Raises 9 if there is none.
-template <class Array>
-auto &at(Array &array, std::int32_t lIndex) {
-  if (lIndex < 0 || lIndex > UBound(array))
-    throw RuntimeError(Fault::SubscriptOutOfRange);
-  return array[static_cast<std::size_t>(lIndex)];
 }
 
 /// Numbers of the links that touch system `lIndex`, ascending, from element 1 on; element 0 is 0

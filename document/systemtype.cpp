@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "document/systemtype.h"
 
+#include "runtime/at.h"
+
 #include <algorithm>
 
 namespace vnb {
@@ -90,7 +92,7 @@ QString text(std::string_view ascii) {
 } // namespace
 
 const TypeRow &typeRow(std::int32_t lType) {
-  return lType >= 1 && lType <= SystemType::Last ? rows[static_cast<std::size_t>(lType - 1)] : none;
+  return lType >= 1 && lType <= SystemType::Last ? at(rows, lType - 1) : none;
 }
 
 QString ResIDFromType(std::int32_t lType) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "forms/numberlist.h"
 
+#include "runtime/at.h"
+
 #include <QAbstractListModel>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -20,7 +22,7 @@ public:
   }
 
   QVariant data(const QModelIndex &index, int role) const override {
-    return role == Qt::DisplayRole ? rows[static_cast<std::size_t>(index.row())].text : QVariant();
+    return role == Qt::DisplayRole ? at(rows, index.row()).text : QVariant();
   }
 
   void reset(std::vector<NumberRow> newRows) {
@@ -88,7 +90,7 @@ int NumberList::ListIndex() const {
 
 const NumberRow *NumberList::picked() const {
   const int row = ListIndex();
-  return row < 0 ? nullptr : &rows()[static_cast<std::size_t>(row)];
+  return row < 0 ? nullptr : &at(rows(), row);
 }
 
 void NumberList::setListIndex(int row) {

@@ -5,6 +5,7 @@
 #include "forms/dropdown.h"
 #include "forms/textbox.h"
 #include "panels/selectedsystem.h"
+#include "runtime/at.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
 #include "runtime/twips.h"
@@ -103,7 +104,7 @@ void frmDevice::addLockBox(QWidget &group, int index, int column, const QString 
   box->setModel(&rows(index));
   place(*box, {column * columnWidth, 360, 1440, 330});
   nameAfter(*box, *label);
-  m_cboLock[static_cast<std::size_t>(index)] = box;
+  at(m_cboLock, index) = box;
   box->Click = [this, index] { cboLock_Click(index); };
 }
 
@@ -197,7 +198,7 @@ void frmDevice::fillGroup() {
 
 void frmDevice::Choose(std::int32_t lCombo, std::int32_t lNumber) {
   reported("frmDevice", "Choose", [&] {
-    DropDown &box = *m_cboLock[static_cast<std::size_t>(lCombo)];
+    DropDown &box = *at(m_cboLock, lCombo);
     if (lNumber == -1) {
       box.setListIndex(hasNone(lCombo) ? 0 : -1);
       return;
@@ -214,7 +215,7 @@ void frmDevice::PopulateLockBoxes() {
     m_lockRows.refill(locks);
     m_noneAndLockRows.refill(locks);
     for (std::int32_t i = 0; i < lockBoxes; ++i) {
-      m_cboLock[static_cast<std::size_t>(i)]->setCurrentIndex(hasNone(i) ? 0 : -1);
+      at(m_cboLock, i)->setCurrentIndex(hasNone(i) ? 0 : -1);
       if (hasNone(i))
         diagram().selection.showLock(i, -1);
     }
@@ -231,7 +232,7 @@ LockRows &frmDevice::rows(std::int32_t box) {
 }
 
 void frmDevice::cboLock_Click(std::int32_t Index) {
-  const int row = m_cboLock[static_cast<std::size_t>(Index)]->currentIndex();
+  const int row = at(m_cboLock, Index)->currentIndex();
   if (row < 0 || lSelectedItem == -1)
     return;
   const std::optional<std::int32_t> lock = rows(Index).lockAt(row);

@@ -38,6 +38,10 @@ constexpr std::array<FieldRow, 5> rows{{
     {"Y", "Y:", 3240, 195, 3525, 660, 1140, "20", 3, nullptr, &LanHeaderRec::YPOS},
 }};
 
+std::int32_t number(HeaderField field) {
+  return static_cast<std::int32_t>(field);
+}
+
 } // namespace
 
 frmLanInfo::frmLanInfo() : FormWindow("frmLanInfo", "LAN Info", {4245, 1500}) {
@@ -73,17 +77,18 @@ void frmLanInfo::showHeader() {
 }
 
 void frmLanInfo::showField(HeaderField field) {
-  const FieldRow &row = rows[static_cast<std::size_t>(field)];
-  m_boxes[static_cast<std::size_t>(field)]->setContent(
-      row.text != nullptr ? LanHeader.*row.text : QString::number(LanHeader.*row.number));
+  const FieldRow &row = at(rows, number(field));
+  at(m_boxes, number(field))
+      ->setContent(row.text != nullptr ? LanHeader.*row.text
+                                       : QString::number(LanHeader.*row.number));
 }
 
 void frmLanInfo::Change(HeaderField field) {
-  const FieldRow &row = rows[static_cast<std::size_t>(field)];
+  const FieldRow &row = at(rows, number(field));
   reported("frmLanInfo", qUtf8Printable(row.box() + QStringLiteral("_Change")), [&] {
     if (LoadingFile)
       return;
-    const QString text = m_boxes[static_cast<std::size_t>(field)]->text();
+    const QString text = at(m_boxes, number(field))->text();
     if (row.text != nullptr)
       LanHeader.*row.text = text;
     else

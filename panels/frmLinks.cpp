@@ -5,6 +5,7 @@
 #include "document/displaynames.h"
 #include "forms/numberlist.h"
 #include "forms/textbox.h"
+#include "runtime/at.h"
 #include "runtime/messagebox.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
@@ -217,7 +218,7 @@ void frmLinks::optPosition_Click(int Index) {
     return;
   reported("frmLinks", "optPosition_Click", [&] {
     if (Index != other) {
-      const auto [column, row] = spots[static_cast<std::size_t>(Index)];
+      const auto [column, row] = at(spots, Index);
       m_txtX->setContent(doubleText(fraction(column)));
       m_txtY->setContent(doubleText(fraction(row)));
     }

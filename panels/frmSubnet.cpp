@@ -5,6 +5,7 @@
 #include "document/displaynames.h"
 #include "forms/controls.h"
 #include "forms/numberlist.h"
+#include "runtime/at.h"
 #include "runtime/report.h"
 
 namespace vnb {
@@ -26,7 +27,7 @@ std::vector<bool> listedFor(std::int32_t lFor) {
   for (std::size_t i = 1; i < Subnets.size(); ++i) {
     const auto [lOwner, lFrom] = Subnets[i];
     if (lOwner == lFor && lFrom >= 0 && lFrom <= UBound(Systems))
-      listed[static_cast<std::size_t>(lFrom)] = true;
+      at(listed, lFrom) = true;
   }
   return listed;
 }
@@ -101,8 +102,7 @@ void frmSubnet::selectionFill() {
   for (std::int32_t i = 0; i <= UBound(Systems); ++i) {
     if (i == lSelectedItem)
       continue;
-    (listed[static_cast<std::size_t>(i)] ? subnets : others)
-        .push_back({.text = deviceName(i), .number = i});
+    (at(listed, i) ? subnets : others).push_back({.text = deviceName(i), .number = i});
   }
   m_lstSubnets->setRows(std::move(subnets));
   m_lstSystems->setRows(std::move(others));

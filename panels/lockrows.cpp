@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "panels/lockrows.h"
 
+#include "runtime/at.h"
+
 #include <algorithm>
 
 namespace vnb {
@@ -28,7 +30,7 @@ void LockRows::closeGap(std::int32_t gone) {
 std::optional<std::int32_t> LockRows::lockAt(int row) const {
   if (row < m_none)
     return -1;
-  const Lock &lock = m_locks[static_cast<std::size_t>(row - m_none)];
+  const Lock &lock = at(m_locks, row - m_none);
   return lock.removed ? std::nullopt : std::optional(lock.number);
 }
 
@@ -50,7 +52,7 @@ QVariant LockRows::data(const QModelIndex &index, int role) const {
     return {};
   if (index.row() < m_none)
     return QStringLiteral("None");
-  return QString::number(m_locks[static_cast<std::size_t>(index.row() - m_none)].number);
+  return QString::number(at(m_locks, index.row() - m_none).number);
 }
 
 } // namespace vnb
