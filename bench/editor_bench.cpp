@@ -2,6 +2,7 @@
 // What the user waits for: opening, painting, scrolling, every gesture and edit, at all sizes.
 
 #include "appearance/theme.h"
+#include "bench/sizes.h"
 #include "editor/frmMain.h"
 #include "lanfile/lanfile.h"
 #include "panels/frmDevice.h"
@@ -223,10 +224,6 @@ void switchTheme(benchmark::State &state) {
               bench().main().view());
     Bench::settle();
   }
-}
-
-void sizes(benchmark::internal::Benchmark *rows) {
-  rows->Arg(1000)->Arg(4096)->Arg(32767)->Unit(benchmark::kMillisecond);
 }
 
 /// For what must be made anew before each run, which takes far longer than the run.

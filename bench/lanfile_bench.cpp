@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 /// LAN files read and written, beside the plainest code that moves the same bytes and numbers.
+#include "bench/sizes.h"
 #include "lanfile/lanfile.h"
 #include "tools/samplelan.h"
 
@@ -247,10 +248,6 @@ void writeFloor(benchmark::State &state) {
   const PlainLan lan = plainCopy();
   for (auto _ : state)
     PlainWriter(lan).write(file.path());
-}
-
-void sizes(benchmark::internal::Benchmark *rows) {
-  rows->Arg(1000)->Arg(4096)->Arg(32767)->Unit(benchmark::kMillisecond);
 }
 
 BENCHMARK_CAPTURE(readOurs, , Shape::Normal)->Name("Read/ours")->Apply(sizes);

@@ -27,7 +27,7 @@ struct FieldRow {
 constexpr int noLimit = TextBox::noLimit;
 
 /// By HeaderField.
-constexpr std::array<FieldRow, 5> rows{{
+constexpr std::array<FieldRow, 5> fieldRows{{
     {"Name", "LAN Name: ", 60, 900, 1260, 2925, 60, "Sample Local Area Network", noLimit,
      &LanHeaderRec::NAME, nullptr},
     {"Company", "Company:", 60, 900, 1260, 2925, 420, "Sample Company", noLimit,
@@ -46,8 +46,8 @@ std::int32_t number(HeaderField field) {
 
 frmLanInfo::frmLanInfo() : FormWindow("frmLanInfo", "LAN Info", {4245, 1500}) {
   addLabel(*this, "lblWorldmap", "Worldmap location:", {60, 1185, 1800, 195});
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    const FieldRow &row = rows[i];
+  for (std::size_t i = 0; i < fieldRows.size(); ++i) {
+    const FieldRow &row = fieldRows[i];
     QLabel *label = addLabel(*this, row.label(), row.caption,
                              {row.labelLeft, row.top + 45, row.labelWidth, 195});
     m_boxes[i] =
@@ -77,14 +77,14 @@ void frmLanInfo::showHeader() {
 }
 
 void frmLanInfo::showField(HeaderField field) {
-  const FieldRow &row = at(rows, number(field));
+  const FieldRow &row = at(fieldRows, number(field));
   at(m_boxes, number(field))
       ->setContent(row.text != nullptr ? LanHeader.*row.text
                                        : QString::number(LanHeader.*row.number));
 }
 
 void frmLanInfo::Change(HeaderField field) {
-  const FieldRow &row = at(rows, number(field));
+  const FieldRow &row = at(fieldRows, number(field));
   reported("frmLanInfo", qUtf8Printable(row.box() + QStringLiteral("_Change")), [&] {
     if (LoadingFile)
       return;

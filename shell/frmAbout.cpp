@@ -21,11 +21,12 @@ struct ButtonRow {
   PageButton::Colours colours;
 };
 
-constexpr PageButton::Colours plain{0xFFFFFFFF, 0xFFFFFFFF, 0xFF404040};
-constexpr PageButton::Colours fiery{0xFFFF0000, 0xFFFF8000, 0xFF804000};
+constexpr PageButton::Colours plainColours{0xFFFFFFFF, 0xFFFFFFFF, 0xFF404040};
+constexpr PageButton::Colours fieryColours{0xFFFF0000, 0xFFFF8000, 0xFF804000};
 
-constexpr std::array<ButtonRow, 3> buttons{
-    {{"About", 30, plain}, {testersCaption, 1335, plain}, {"Flying", 2640, fiery}}};
+constexpr std::array<ButtonRow, 3> buttons{{{"About", 30, plainColours},
+                                            {testersCaption, 1335, plainColours},
+                                            {"Flying", 2640, fieryColours}}};
 constexpr std::size_t hiddenButton = 2;
 
 } // namespace

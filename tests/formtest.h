@@ -18,9 +18,9 @@
 namespace vnb::test {
 
 /// Picks a row as the user does, be it the one that shows.
-inline void pick(QComboBox &box, int row) {
-  box.setCurrentIndex(row);
-  Q_EMIT box.activated(row);
+inline void pick(QComboBox &combo, int row) {
+  combo.setCurrentIndex(row);
+  Q_EMIT combo.activated(row);
 }
 inline void pick(NumberList &list, int row) {
   list.scrollTo(list.model()->index(row, 0));

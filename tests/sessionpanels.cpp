@@ -20,10 +20,10 @@ struct TypedNumber {
   const char *text, *shown;
   std::int32_t value;
 };
-constexpr TypedNumber numbers[] = {{"5", "5", 5},       {"05", "05", 5},       {"", "", 0},
-                                   {"abc", "abc", 0},   {" 7", " 7", 7},       {"1.5", "1.5", 2},
-                                   {"2.5", "2.5", 2},   {"12x", "12x", 12},    {"-3", "-3", -3},
-                                   {"1e2", "1e2", 100}, {"12345", "123", 123}, {"0.4", "0.4", 0}};
+constexpr TypedNumber typedNumbers[] = {
+    {"5", "5", 5},    {"05", "05", 5},     {"", "", 0},           {"abc", "abc", 0},
+    {" 7", " 7", 7},  {"1.5", "1.5", 2},   {"2.5", "2.5", 2},     {"12x", "12x", 12},
+    {"-3", "-3", -3}, {"1e2", "1e2", 100}, {"12345", "123", 123}, {"0.4", "0.4", 0}};
 
 /// The same for a fraction in a box of four; nothing for what is no number.
 struct TypedFraction {
@@ -153,7 +153,7 @@ std::string Session::editGroup(Dice &dice) {
     return chooseLock(dice, 3 + dice.below(2));
   case 4: {
     const int box = dice.below(2);
-    const TypedNumber &number = numbers[position(dice.below(std::size(numbers)))];
+    const TypedNumber &number = typedNumbers[position(dice.below(std::size(typedNumbers)))];
     type(panel, QStringLiteral("txtFreq%1").arg(box), number.text);
     model.typeFrequency(position(box), number.shown, number.value);
     return text("type '", number.text, "' as frequency ", box);
@@ -262,7 +262,7 @@ std::string Session::editHeader(Dice dice) {
     return {};
   constexpr std::array names{"txtName", "txtCompany", "txtIP", "txtX", "txtY"};
   const std::size_t box = position(dice.below(names.size()));
-  const TypedNumber &number = numbers[position(dice.below(std::size(numbers)))];
+  const TypedNumber &number = typedNumbers[position(dice.below(std::size(typedNumbers)))];
   const char *const typed = box < 3 ? words[position(dice.below(words.size()))] : number.text;
   type(form<frmLanInfo>(), QString::fromLatin1(names[box]), typed);
   model.typeHeader(box, box < 3 ? typed : number.shown, number.value);
