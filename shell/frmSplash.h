@@ -28,7 +28,7 @@ private:
   void tmrDots_Timer();
 
   QLabel *m_lblLoading;
-  QTimer m_tmrDots;
+  QTimer m_tmrDots{this};
   int m_dots = 0;
 };
 
