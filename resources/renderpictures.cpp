@@ -60,32 +60,29 @@ struct Arguments {
 
 QString readText(const QString &path) {
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
-    fail(path + ": " + file.errorString());
-  }
+  if (!file.open(QIODevice::ReadOnly))
+    fail(path + QStringLiteral(": ") + file.errorString());
   return QString::fromUtf8(file.readAll());
 }
 
 Palette readPalette(const QString &path) {
-  static const QRegularExpression pair("^(#[0-9A-F]{6})\\s+(#[0-9A-F]{6})$");
+  static const QRegularExpression pair(QStringLiteral("^(#[0-9A-F]{6})\\s+(#[0-9A-F]{6})$"));
   Palette palette;
-  for (const QString &line : readText(path).toUpper().split('\n')) {
+  for (const QString &line : readText(path).toUpper().split(u'\n')) {
     const QString entry = line.trimmed();
-    if (entry.isEmpty()) {
+    if (entry.isEmpty())
       continue;
-    }
     const QRegularExpressionMatch match = pair.match(entry);
-    if (!match.hasMatch()) {
-      fail(path + ": not a pair of colours: " + entry);
-    }
+    if (!match.hasMatch())
+      fail(path + QStringLiteral(": not a pair of colours: ") + entry);
     palette.insert(match.captured(1), match.captured(2));
   }
   return palette;
 }
 
-// All colours are replaced in one pass, so that a theme may also swap two of them.
+/// All colours are replaced in one pass, so that a theme may also swap two of them.
 QString recoloured(const QString &svg, const Palette &palette) {
-  static const QRegularExpression colour("#[0-9A-Fa-f]{6}\\b");
+  static const QRegularExpression colour(QStringLiteral("#[0-9A-Fa-f]{6}\\b"));
   QString result;
   qsizetype copied = 0;
   auto matches = colour.globalMatch(svg);
@@ -99,26 +96,24 @@ QString recoloured(const QString &svg, const Palette &palette) {
 }
 
 void loadSvg(QSvgRenderer &renderer, const QString &path, const Palette &palette) {
-  if (!renderer.load(recoloured(readText(path), palette).toUtf8())) {
-    fail(path + ": not a valid SVG picture");
-  }
+  if (!renderer.load(recoloured(readText(path), palette).toUtf8()))
+    fail(path + QStringLiteral(": not a valid SVG picture"));
 }
 
 QList<Scale> scales(const QSize &drawn, const Look &look) {
   if (look.width != 0) {
     return {{static_cast<double>(look.width) / drawn.width(), {}}};
   }
-  return {{1, {}}, {2, "@2x"}, {3, "@3x"}};
+  return {{1, {}}, {2, QStringLiteral("@2x")}, {3, QStringLiteral("@3x")}};
 }
 
-// The first layer gives the size of the picture.
+/// The first layer gives the size of the picture.
 void writePictures(const QString &outStem, const QList<Layer> &layers, const Look &look) {
   QSvgRenderer base;
   loadSvg(base, layers.first().svgPath, look.palette);
   const QSize size = base.defaultSize();
-  if (size.isEmpty()) {
-    fail(layers.first().svgPath + ": has no usable size");
-  }
+  if (size.isEmpty())
+    fail(layers.first().svgPath + QStringLiteral(": has no usable size"));
   const QImage::Format format = look.background == Qt::transparent
                                     ? QImage::Format_ARGB32_Premultiplied
                                     : QImage::Format_RGB32;
@@ -136,31 +131,32 @@ void writePictures(const QString &outStem, const QList<Layer> &layers, const Loo
     }
     painter.end();
 
-    const QString outPath = outStem + scale.suffix + ".png";
-    if (!image.save(outPath)) {
-      fail(outPath + ": cannot be written");
-    }
+    const QString outPath = outStem + scale.suffix + QStringLiteral(".png");
+    if (!image.save(outPath))
+      fail(outPath + QStringLiteral(": cannot be written"));
   }
 }
 
 void writeButton(const QString &outStem, const QFileInfo &glyph, const Look &look) {
-  static const std::array<ButtonState, 3> states{{{"", {0, 0}}, {"_H", {0, 0}}, {"_C", {1, 1}}}};
+  static const std::array<ButtonState, 3> states{
+      {{QString(), {0, 0}}, {QStringLiteral("_H"), {0, 0}}, {QStringLiteral("_C"), {1, 1}}}};
 
   QSvgRenderer renderer;
   loadSvg(renderer, glyph.filePath(), look.palette);
   const QString plateStem =
-      QString("%1/plates/%2").arg(glyph.path()).arg(renderer.defaultSize().width());
+      QStringLiteral("%1/plates/%2").arg(glyph.path()).arg(renderer.defaultSize().width());
   for (const ButtonState &state : states) {
-    writePictures(
-        outStem + state.suffix,
-        {{plateStem + state.suffix + ".svg", {0, 0}}, {glyph.filePath(), state.glyphShift}}, look);
+    writePictures(outStem + state.suffix,
+                  {{plateStem + state.suffix + QStringLiteral(".svg"), {0, 0}},
+                   {glyph.filePath(), state.glyphShift}},
+                  look);
   }
 }
 
 void writeSource(const QString &outDir, const QString &svgPath, const Look &look) {
   const QFileInfo source(svgPath);
-  const QString outStem = outDir + '/' + source.completeBaseName();
-  if (QFileInfo(source.absolutePath()).fileName() == "buttons") {
+  const QString outStem = outDir + u'/' + source.completeBaseName();
+  if (QFileInfo(source.absolutePath()).fileName() == u"buttons") {
     writeButton(outStem, source, look);
   } else {
     writePictures(outStem, {{svgPath, {0, 0}}}, look);
@@ -169,34 +165,31 @@ void writeSource(const QString &outDir, const QString &svgPath, const Look &look
 
 int readWidth(const QString &text) {
   const int width = text.toInt();
-  if (width <= 0) {
-    fail("not a width: " + text);
-  }
+  if (width <= 0)
+    fail(QStringLiteral("not a width: ") + text);
   return width;
 }
 
 QColor readColour(const QString &text) {
-  static const QRegularExpression form("^#[0-9A-Fa-f]{6}$");
-  if (!form.match(text).hasMatch()) {
-    fail("not a colour: " + text);
-  }
+  static const QRegularExpression form(QStringLiteral("^#[0-9A-Fa-f]{6}$"));
+  if (!form.match(text).hasMatch())
+    fail(QStringLiteral("not a colour: ") + text);
   return QColor(text);
 }
 
 [[noreturn]] void failUsage() {
-  fail("usage: renderpictures OUTDIR [--palette FILE] [--background #RRGGBB] [--width PIXELS] "
-       "SVG...");
+  fail(QStringLiteral("usage: renderpictures OUTDIR [--palette FILE] [--background #RRGGBB] "
+                      "[--width PIXELS] SVG..."));
 }
 
-// Empty if the option isn't there.
+/// Empty if the option isn't there.
 QString takeOption(QStringList &words, const QString &name) {
   const qsizetype option = words.indexOf(name);
   if (option < 0) {
     return {};
   }
-  if (option + 1 == words.size()) {
+  if (option + 1 == words.size())
     failUsage();
-  }
   words.removeAt(option);
   return words.takeAt(option);
 }
@@ -204,18 +197,14 @@ QString takeOption(QStringList &words, const QString &name) {
 Arguments parseArguments(QStringList words) {
   Arguments arguments;
   words.removeFirst();
-  if (const QString file = takeOption(words, "--palette"); !file.isEmpty()) {
+  if (const QString file = takeOption(words, QStringLiteral("--palette")); !file.isEmpty())
     arguments.look.palette = readPalette(file);
-  }
-  if (const QString colour = takeOption(words, "--background"); !colour.isEmpty()) {
+  if (const QString colour = takeOption(words, QStringLiteral("--background")); !colour.isEmpty())
     arguments.look.background = readColour(colour);
-  }
-  if (const QString width = takeOption(words, "--width"); !width.isEmpty()) {
+  if (const QString width = takeOption(words, QStringLiteral("--width")); !width.isEmpty())
     arguments.look.width = readWidth(width);
-  }
-  if (words.size() < 2) {
+  if (words.size() < 2)
     failUsage();
-  }
   arguments.outDir = words.takeFirst();
   arguments.svgPaths = words;
   return arguments;
@@ -223,17 +212,15 @@ Arguments parseArguments(QStringList words) {
 
 void run(const QStringList &words) {
   const Arguments arguments = parseArguments(words);
-  for (const QString &svgPath : arguments.svgPaths) {
+  for (const QString &svgPath : arguments.svgPaths)
     writeSource(arguments.outDir, svgPath, arguments.look);
-  }
 }
 
 } // namespace vnb
 
 int main(int argc, char *argv[]) {
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
-  }
   const QGuiApplication application(argc, argv);
   try {
     vnb::run(QGuiApplication::arguments());
