@@ -8,7 +8,7 @@ target_compile_options(vnb_flags INTERFACE -Wall -Wextra -Wshadow -Wconversion
                                            $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 target_compile_definitions(vnb_flags INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII
                                                QT_NO_CAST_TO_ASCII)
-set(VNB_ROOT ${CMAKE_CURRENT_LIST_DIR}/.. CACHE INTERNAL "The root that includes are written from")
+set(VNB_ROOT ${PROJECT_SOURCE_DIR} CACHE INTERNAL "The root that includes are written from")
 
 # vnb_room(NAME LIBS...): the static library vnb_NAME of all sources in the current folder. Only
 # LIBS, and what they link, can be used from it.
