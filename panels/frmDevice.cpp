@@ -123,7 +123,7 @@ void frmDevice::addFrequency(QWidget &group) {
   QLabel *lblFreq = addLabel(group, "lblFreq", caption + run + u'.' + run + QStringLiteral("GHz"),
                              {0, 150, 4500, 195});
   lblFreq->setFont(stretched);
-  for (std::size_t i = 0; i < m_txtFreq.size(); ++i) {
+  for (std::size_t i = 0; i < std::size(boxLefts); ++i) {
     m_txtFreq[i] = add<TextBox>(group, QStringLiteral("txtFreq%1").arg(i),
                                 Place{boxLefts[i], boxTop, boxWidth, 285}, 3);
     m_txtFreq[i]->setAccessibleName(i == 0 ? QStringLiteral("Frequency, whole GHz")
