@@ -204,36 +204,6 @@ TEST_F(Panels, TheLinkPanelTellsAndAsksAndIsFilledWhenMadeAnew) {
       << "New speaks only to panels that are there";
 }
 
-TEST_F(Panels, SubnetsMoveBetweenTheListsAndAreFramed) {
-  for (const std::int32_t subnet : {server, server, terminal})
-    main.operations().AddSubnet(router, subnet);
-  main.forms().get<frmSubnet>().show();
-  pick(router);
-  struct Case {
-    const char *control;
-    int row; // -1 for a click
-    const char *lists, *subnets, *due;
-  };
-  for (const auto &[name, row, lists, subnets, due] : std::vector<Case>{
-           {"lstSubnets", 0, "24 13", "0<4;0<4;0<2", "2 solid 2 FF00;4 solid 2 8000;"},
-           {"lstSystems", 0, "24 13", "0<4;0<4;0<2", "2 solid 2 FF00;4 solid 2 8000;"},
-           {"picAdd", -1, "241 3", "0<4;0<4;0<2;0<1", "2 solid 2 FF00;4 solid 2 8000;"},
-           {"picAdd", -1, "241 3", "0<4;0<4;0<2;0<1", "2 solid 2 FF00;4 solid 2 8000;"},
-           {"lstSubnets", 1, "241 3", "0<4;0<4;0<2;0<1", "2 solid 2 8000;4 solid 2 FF00;"},
-           {"picRemove", -1, "21 34", "0<4;0<2;0<1", "2 solid 2 8000;4 solid 2 FF00;"},
-           {"lstSubnets", 1, "21 34", "0<4;0<2;0<1",
-            "1 solid 2 FF00;2 solid 2 8000;4 solid 2 8000;"}}) {
-    QWidget &changed = control<frmSubnet>(name);
-    if (row < 0)
-      QTest::mouseClick(&changed, Qt::LeftButton);
-    else
-      dynamic_cast<NumberList &>(changed).setListIndex(row);
-    EXPECT_EQ(numbers("lstSubnets") + ' ' + numbers("lstSystems"), lists) << name << row;
-    EXPECT_EQ(dumpSubnets(), subnets) << name << row;
-    EXPECT_EQ(frames(), "0 solid 2 FFFFFF #0;" + std::string(due)) << name << row;
-  }
-}
-
 TEST_F(Panels, AButtonOfThePickerIsWhereItShows) {
   pick(hub);
   const QWidget &panel = control<frmLinks>("picLinks");
