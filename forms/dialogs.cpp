@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileInfo>
@@ -60,14 +61,6 @@ public:
   }
 };
 
-/// The folder of the current file, or what is left of the way to it.
-QDir nearestFolder(const QFileInfo &file) {
-  QDir folder = file.absoluteDir();
-  while (!folder.exists() && !folder.isRoot())
-    folder = QFileInfo(folder.path()).absoluteDir();
-  return folder;
-}
-
 /// Asks before a file is overwritten in our own box: Qt's takes the file's name for HTML.
 class QtFileDialog : public QFileDialog {
 public:
@@ -113,7 +106,8 @@ std::optional<QString> showQtFileDialog(const FileDialog &request) {
   dialog->selectNameFilter(filters.value(std::max(request.filterIndex, 1) - 1));
   if (!request.fileName.isEmpty()) {
     const QFileInfo file(request.fileName);
-    dialog->setDirectory(nearestFolder(file));
+    if (file.absoluteDir().exists()) // else where a dialog without a file starts
+      dialog->setDirectory(file.absoluteDir());
     dialog->selectFile(file.fileName());
   }
   if (dialog->exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
