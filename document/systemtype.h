@@ -14,6 +14,7 @@ namespace vnb {
 namespace SystemType {
 inline constexpr std::int32_t Unknown = 0;
 inline constexpr std::int32_t Router = 1;
+inline constexpr std::int32_t FirstToPick = 2; // there is one router, which can't be picked
 inline constexpr std::int32_t Switch = 3;
 inline constexpr std::int32_t MainServer = 5;
 inline constexpr std::int32_t Authentication = 8;

@@ -7,8 +7,6 @@
 namespace vnb {
 namespace {
 
-constexpr std::int32_t firstType = 2; // the router can't be chosen
-
 bool confirmed(const QString &question) {
   return showMessageBox({.title = QStringLiteral("Really remove it?"),
                          .text = question,
@@ -53,7 +51,7 @@ void ContextMenu::addTypes(QMenu &mnuPopup, std::int32_t Index) {
   QMenu *mnuChange = mnuPopup.addMenu(QStringLiteral("&Change type"));
   mnuChange->setObjectName(QStringLiteral("mnuChange"));
   mnuChange->setEnabled(Index > 0);
-  for (std::int32_t lType = firstType; lType <= SystemType::Last; ++lType) {
+  for (std::int32_t lType = SystemType::FirstToPick; lType <= SystemType::Last; ++lType) {
     QAction *mnuType = mnuChange->addAction(NameFromType(lType, true));
     mnuType->setCheckable(true);
     mnuType->setChecked(at(Systems, Index).lType == lType);

@@ -19,9 +19,6 @@
 namespace vnb {
 namespace {
 
-/// The list's first entry. It has all types but the router, of which there is one.
-constexpr std::int32_t firstOffered = 2;
-
 /// The area in which the preview is centred.
 const QRect shpPreview(pixels(2130), pixels(120), pixels(1260), pixels(990));
 
@@ -51,7 +48,7 @@ frmToolbox::frmToolbox(DocumentOperations &operations, Gestures &gestures)
   // The label lies over the frame's upper edge.
   lblPreview->setAutoFillBackground(true);
   lblPreview->setBackgroundRole(QPalette::Base);
-  for (std::int32_t lType = firstOffered; lType <= SystemType::Last; ++lType) {
+  for (std::int32_t lType = SystemType::FirstToPick; lType <= SystemType::Last; ++lType) {
     const std::string_view entry = typeRow(lType).toolbox;
     m_cboItem->addItem(QLatin1String(entry.data(), static_cast<qsizetype>(entry.size())));
   }
@@ -85,7 +82,7 @@ void frmToolbox::showEvent(QShowEvent * /*event*/) {
 }
 
 std::int32_t frmToolbox::chosenType() const {
-  return m_cboItem->currentIndex() + firstOffered;
+  return m_cboItem->currentIndex() + SystemType::FirstToPick;
 }
 
 /// The game has no switches; one can be made by changing a device's type.
