@@ -160,6 +160,9 @@ void frmMain::showOnScreen() {
 
 void frmMain::closeEvent(QCloseEvent *event) {
   event->accept();
+  if (!isEnabled())
+    return;          // closed already
+  setEnabled(false); // what is queued behind the close acts on nothing any more
   Form_Unload();
 }
 

@@ -55,6 +55,8 @@ bool Shortcuts::eventFilter(QObject *object, QEvent *event) {
 
 /// A key event is seen several times on its way; at the focused widget exactly once.
 bool Shortcuts::isForForm(QObject *object) const {
+  if (!m_form.isEnabled())
+    return false;
   const QWidget *focus = QApplication::focusWidget();
   const QObject *target = focus != nullptr && focus->window() == &m_form ? focus : &m_form;
   return object == target;

@@ -12,7 +12,8 @@ namespace vnb {
 
 /// Watches the keys of `form`. Letters count by their key, so that they work in layouts without
 /// Latin letters, too. A release counts only if its press was seen while the form was
-/// active: otherwise the Alt+S that closes a dialog would open a panel. Auto-repeat is ignored.
+/// active: otherwise the Alt+S that closes a dialog would open a panel. Auto-repeat is ignored, and
+/// so is every key while the form is disabled.
 class Shortcuts : public QObject {
 public:
   /// `KeyUp` gets the key and the state of Shift, Ctrl and Alt at the release.

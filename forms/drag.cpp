@@ -71,6 +71,7 @@ void Drag::begin(DragSource source, QPoint global) {
   m_source = std::move(source);
   m_widget = m_source.widget;
   m_active = true;
+  connect(m_widget, &QObject::destroyed, this, &Drag::cancel);
   m_outline = std::make_unique<Outline>(m_source.size);
   moveOutline(global);
   if (!isWayland())
@@ -82,6 +83,8 @@ void Drag::cancel() {
   if (!std::exchange(m_active, false))
     return;
   qApp->removeEventFilter(this);
+  if (m_widget)
+    m_widget->disconnect(this);
   m_outline.reset();
   m_source = {};
 }
@@ -106,7 +109,7 @@ bool Drag::eventFilter(QObject *object, QEvent *event) {
   case QEvent::WindowBlocked:
   case QEvent::Hide:
   case QEvent::Close:
-    if (m_widget == nullptr || object == m_widget || object == m_widget->window())
+    if (object == m_widget || object == m_widget->window())
       cancel();
     return false;
   default:

@@ -26,7 +26,8 @@ struct DragSource {
 
 /// The one drag that can be on. From begin() to the release of the left button it takes all pointer
 /// events: no release or click reaches the source. It ends without a drop by Escape, when the
-/// button turns out to be up, when a box is opened over the source, and when the source is hidden.
+/// button turns out to be up, when a box is opened over the source, and when the source is hidden
+/// or gone.
 class Drag : public QObject {
 public:
   static Drag &instance();

@@ -88,6 +88,9 @@ TEST_F(Gesture, ADragThatIsCutShortDropsNothing) {
     EXPECT_EQ(at(hub), "100,50") << what;
     EXPECT_EQ(lSelectedItem, hub) << what << ": nor was the release a click";
   }
+  QTest::mousePress(&surface(), Qt::LeftButton, {}, QPoint(110, 60)); // queued behind the close
+  QTest::keyClick(&main, Qt::Key_Delete);
+  EXPECT_FALSE(Drag::instance().isActive());
   EXPECT_THAT(boxes.texts, IsEmpty());
 }
 
