@@ -3,11 +3,11 @@
 
 #include "appearance/colours.h"
 #include "appearance/theme.h"
-#include "forms/controls.h"
-#include "forms/numberlist.h"
 #include "runtime/error.h"
 #include "runtime/messagebox.h"
 #include "runtime/xml.h"
+#include "widgets/controls.h"
+#include "widgets/numberlist.h"
 
 #include <QDirIterator>
 #include <QPlainTextEdit>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "appearance/editorview.h"
-#include "forms/form.h"
+#include "widgets/form.h"
 
 class QLabel;
 class QPlainTextEdit;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "appearance/images.h"
 
-#include "forms/pictures.h"
 #include "runtime/at.h"
 #include "runtime/error.h"
+#include "widgets/pictures.h"
 
 #include <QPainter>
 

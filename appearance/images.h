@@ -3,7 +3,7 @@
 #pragma once
 
 #include "document/systemtype.h"
-#include "forms/picturebutton.h"
+#include "widgets/picturebutton.h"
 
 #include <QPixmap>
 #include <QString>

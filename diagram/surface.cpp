@@ -4,7 +4,7 @@
 #include "appearance/images.h"
 #include "diagram/accessiblesurface.h"
 #include "document/displaynames.h"
-#include "forms/form.h"
+#include "widgets/form.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>

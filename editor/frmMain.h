@@ -8,8 +8,8 @@
 #include "editor/gestures.h"
 #include "editor/shortcuts.h"
 #include "editor/toolbar.h"
-#include "forms/formtable.h"
 #include "shell/settings.h"
+#include "widgets/formtable.h"
 
 #include <QWidget>
 

@@ -4,14 +4,14 @@
 #include "appearance/colours.h"
 #include "appearance/images.h"
 #include "editor/gestures.h"
-#include "forms/controls.h"
-#include "forms/drag.h"
-#include "forms/dropdown.h"
-#include "forms/picturebox.h"
-#include "forms/style.h"
 #include "runtime/messagebox.h"
 #include "runtime/report.h"
 #include "runtime/twips.h"
+#include "widgets/controls.h"
+#include "widgets/drag.h"
+#include "widgets/dropdown.h"
+#include "widgets/picturebox.h"
+#include "widgets/style.h"
 
 #include <QPainter>
 #include <QPushButton>

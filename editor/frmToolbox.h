@@ -2,7 +2,7 @@
 /// The toolbox: the palette from which new devices come.
 #pragma once
 
-#include "forms/form.h"
+#include "widgets/form.h"
 
 namespace vnb {
 

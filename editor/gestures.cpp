@@ -2,9 +2,9 @@
 #include "editor/gestures.h"
 
 #include "document/displaynames.h"
-#include "forms/drag.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
+#include "widgets/drag.h"
 
 namespace vnb {
 

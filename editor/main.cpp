@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "editor/frmMain.h"
 #include "editor/termination.h"
-#include "forms/dialogs.h"
-#include "forms/pictures.h"
-#include "forms/style.h"
+#include "widgets/dialogs.h"
+#include "widgets/pictures.h"
+#include "widgets/style.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -2,7 +2,7 @@
 #include "editor/toolbar.h"
 
 #include "editor/frmMain.h"
-#include "forms/form.h"
+#include "widgets/form.h"
 
 #include <QPainter>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "panels/devicepanel.h"
 
-#include "forms/controls.h"
-#include "forms/numberlist.h"
+#include "widgets/controls.h"
+#include "widgets/numberlist.h"
 
 namespace vnb {
 namespace {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "diagram/diagramparts.h"
-#include "forms/form.h"
+#include "widgets/form.h"
 
 namespace vnb {
 

@@ -2,13 +2,13 @@
 #include "panels/frmDevice.h"
 
 #include "appearance/colours.h"
-#include "forms/dropdown.h"
-#include "forms/textbox.h"
 #include "panels/selectedsystem.h"
 #include "runtime/at.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
 #include "runtime/twips.h"
+#include "widgets/dropdown.h"
+#include "widgets/textbox.h"
 
 #include <QCheckBox>
 

@@ -3,10 +3,10 @@
 
 #include "appearance/colours.h"
 #include "document/modDeclares.h"
-#include "forms/controls.h"
-#include "forms/textbox.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
+#include "widgets/controls.h"
+#include "widgets/textbox.h"
 
 namespace vnb {
 namespace {

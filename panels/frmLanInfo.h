@@ -2,8 +2,8 @@
 /// The LAN information panel: the document's header.
 #pragma once
 
-#include "forms/form.h"
 #include "lanfile/lanfile.h"
+#include "widgets/form.h"
 
 #include <array>
 

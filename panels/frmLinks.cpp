@@ -3,12 +3,12 @@
 
 #include "appearance/colours.h"
 #include "document/displaynames.h"
-#include "forms/numberlist.h"
-#include "forms/textbox.h"
 #include "runtime/at.h"
 #include "runtime/messagebox.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
+#include "widgets/numberlist.h"
+#include "widgets/textbox.h"
 
 #include <QFrame>
 #include <QPushButton>

@@ -2,9 +2,9 @@
 /// The link panel: the links of the selected device, each edited at its end there.
 #pragma once
 
-#include "forms/optiongroup.h"
 #include "panels/devicepanel.h"
 #include "panels/securityoptions.h"
+#include "widgets/optiongroup.h"
 
 class QLabel;
 

@@ -3,10 +3,10 @@
 
 #include "appearance/colours.h"
 #include "document/displaynames.h"
-#include "forms/controls.h"
-#include "forms/numberlist.h"
 #include "runtime/at.h"
 #include "runtime/report.h"
+#include "widgets/controls.h"
+#include "widgets/numberlist.h"
 
 namespace vnb {
 namespace {

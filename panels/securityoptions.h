@@ -2,9 +2,9 @@
 /// The three security level buttons that the device and link panels share.
 #pragma once
 
-#include "forms/controls.h"
-#include "forms/optiongroup.h"
-#include "forms/pushoption.h"
+#include "widgets/controls.h"
+#include "widgets/optiongroup.h"
+#include "widgets/pushoption.h"
 
 #include <functional>
 

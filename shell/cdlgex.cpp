@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/cdlgex.h"
 
-#include "forms/dialogs.h"
+#include "widgets/dialogs.h"
 
 #include <QCoreApplication>
 #include <QDir>

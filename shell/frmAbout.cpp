@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frmAbout.h"
 
-#include "forms/controls.h"
-#include "forms/pictures.h"
 #include "runtime/report.h"
 #include "shell/abouttexts.h"
 #include "shell/pagebutton.h"
+#include "widgets/controls.h"
+#include "widgets/pictures.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -2,7 +2,7 @@
 /// The about box: a logo, and under three buttons three pages of text.
 #pragma once
 
-#include "forms/form.h"
+#include "widgets/form.h"
 
 #include <array>
 

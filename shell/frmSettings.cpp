@@ -3,12 +3,12 @@
 
 #include "appearance/colours.h"
 #include "appearance/globals.h"
-#include "forms/controls.h"
-#include "forms/textbox.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
 #include "shell/cdlgex.h"
 #include "shell/swatch.h"
+#include "widgets/controls.h"
+#include "widgets/textbox.h"
 
 #include <QCheckBox>
 #include <QPushButton>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frmSplash.h"
 
-#include "forms/controls.h"
-#include "forms/pictures.h"
+#include "widgets/controls.h"
+#include "widgets/pictures.h"
 
 #include <QCloseEvent>
 #include <QFontInfo>

@@ -2,7 +2,7 @@
 /// The splash: what one sees while the program starts.
 #pragma once
 
-#include "forms/form.h"
+#include "widgets/form.h"
 
 #include <QTimer>
 

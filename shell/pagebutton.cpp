@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/pagebutton.h"
 
-#include "forms/style.h"
+#include "widgets/style.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/swatch.h"
 
-#include "forms/style.h"
+#include "widgets/style.h"
 
 #include <QPainter>
 

@@ -3,8 +3,8 @@
 #include "diagram/diagramoperations.h"
 #include "diagram/selection.h"
 #include "diagram/viewport.h"
-#include "forms/pictures.h"
 #include "support.h"
+#include "widgets/pictures.h"
 
 #include <gmock/gmock.h>
 

@@ -2,18 +2,18 @@
 /// What the controls of all forms have in common: keys, clicks, the wheel, the opened lists.
 #include "appearance/colours.h"
 #include "editor/frmMain.h"
-#include "forms/controls.h"
-#include "forms/dialogs.h"
-#include "forms/dropdown.h"
-#include "forms/numberlist.h"
-#include "forms/optiongroup.h"
-#include "forms/pushoption.h"
-#include "forms/textbox.h"
 #include "formtest.h"
 #include "look.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
 #include "panels/frmLinks.h"
+#include "widgets/controls.h"
+#include "widgets/dialogs.h"
+#include "widgets/dropdown.h"
+#include "widgets/numberlist.h"
+#include "widgets/optiongroup.h"
+#include "widgets/pushoption.h"
+#include "widgets/textbox.h"
 
 #include <gmock/gmock.h>
 

@@ -2,8 +2,8 @@
 /// Verbs for the controls of forms.
 #pragma once
 
-#include "forms/formtable.h"
-#include "forms/numberlist.h"
+#include "widgets/formtable.h"
+#include "widgets/numberlist.h"
 
 #include <gtest/gtest.h>
 

@@ -5,11 +5,11 @@
 #include "editor/contextmenu.h"
 #include "editor/frmMain.h"
 #include "editor/frmToolbox.h"
-#include "forms/dialogs.h"
 #include "formtest.h"
 #include "look.h"
 #include "shell/cdlgex.h"
 #include "support.h"
+#include "widgets/dialogs.h"
 
 #include <gmock/gmock.h>
 

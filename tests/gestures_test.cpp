@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The pointer, driven through the windows as a display server would, the context menu and the keys.
-#include "forms/drag.h"
 #include "gesture.h"
 #include "panels/frmLinks.h"
+#include "widgets/drag.h"
 
 #include <QMessageBox>
 #include <QPushButton>

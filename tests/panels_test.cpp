@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What the model test of the panels doesn't see, or meets too seldom.
-#include "forms/numberlist.h"
-#include "forms/textbox.h"
 #include "gesture.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
 #include "panels/frmLinks.h"
 #include "panels/frmSubnet.h"
 #include "runtime/codepage.h"
+#include "widgets/numberlist.h"
+#include "widgets/textbox.h"
 
 #include <QClipboard>
 

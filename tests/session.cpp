@@ -2,13 +2,13 @@
 #include "session.h"
 
 #include "appearance/images.h"
-#include "forms/dialogs.h"
-#include "forms/picturebox.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
 #include "panels/frmLinks.h"
 #include "panels/frmSubnet.h"
 #include "shell/cdlgex.h"
+#include "widgets/dialogs.h"
+#include "widgets/picturebox.h"
 
 #include <QMouseEvent>
 #include <QPushButton>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "forms/numberlist.h"
-#include "forms/textbox.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
 #include "panels/frmLinks.h"
 #include "panels/frmSubnet.h"
 #include "session.h"
+#include "widgets/numberlist.h"
+#include "widgets/textbox.h"
 
 #include <gtest/gtest.h>
 

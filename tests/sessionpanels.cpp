@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What a user does with the panels.
-#include "forms/numberlist.h"
-#include "forms/picturebutton.h"
-#include "forms/textbox.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
 #include "panels/frmLinks.h"
 #include "panels/frmSubnet.h"
 #include "session.h"
+#include "widgets/numberlist.h"
+#include "widgets/picturebutton.h"
+#include "widgets/textbox.h"
 
 #include <QCheckBox>
 #include <QTest>

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "appearance/frmThemes.h"
 #include "appearance/images.h"
-#include "forms/dialogs.h"
-#include "forms/numberlist.h"
-#include "forms/textbox.h"
 #include "formtest.h"
 #include "shell/frmSettings.h"
 #include "shell/frmSplash.h"
 #include "shell/swatch.h"
 #include "shellsupport.h"
+#include "widgets/dialogs.h"
+#include "widgets/numberlist.h"
+#include "widgets/textbox.h"
 
 #include <QApplication>
 #include <QCheckBox>

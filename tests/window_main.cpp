@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Runs the tests that need windows: offscreen, with Qt's own dialogs.
-#include "forms/style.h"
+#include "widgets/style.h"
 
 #include <QApplication>
 

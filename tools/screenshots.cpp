@@ -6,7 +6,6 @@
 #include "appearance/theme.h"
 #include "editor/frmMain.h"
 #include "editor/frmToolbox.h"
-#include "forms/style.h"
 #include "lanfile/lanfile.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
@@ -15,6 +14,7 @@
 #include "shell/frmAbout.h"
 #include "shell/frmSettings.h"
 #include "shell/frmSplash.h"
+#include "widgets/style.h"
 
 #include <QAbstractButton>
 #include <QApplication>

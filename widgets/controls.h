@@ -2,7 +2,7 @@
 /// Controls of forms, so that a form's construction reads as its table.
 #pragma once
 
-#include "forms/form.h"
+#include "widgets/form.h"
 
 #include <QAnyStringView>
 #include <QLabel>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/controls.h"
+#include "widgets/controls.h"
 
 #include "runtime/twips.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/formtable.h"
+#include "widgets/formtable.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/drag.h"
+#include "widgets/drag.h"
 
 #include <QApplication>
 #include <QKeyEvent>

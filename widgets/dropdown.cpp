@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/dropdown.h"
+#include "widgets/dropdown.h"
 
 #include <QWheelEvent>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/pictures.h"
+#include "widgets/pictures.h"
 
 #include "runtime/error.h"
 

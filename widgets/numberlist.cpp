@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/numberlist.h"
+#include "widgets/numberlist.h"
 
 #include "runtime/at.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "forms/form.h"
+#include "widgets/form.h"
 
-#include "forms/accessibleforms.h"
 #include "runtime/twips.h"
+#include "widgets/accessibleforms.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "forms/picturebutton.h"
+#include "widgets/picturebutton.h"
 
-#include "forms/accessibleforms.h"
-#include "forms/pictures.h"
+#include "widgets/accessibleforms.h"
+#include "widgets/pictures.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

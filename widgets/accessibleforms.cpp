@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "forms/accessibleforms.h"
+#include "widgets/accessibleforms.h"
 
-#include "forms/picturebox.h"
-#include "forms/picturebutton.h"
+#include "widgets/picturebox.h"
+#include "widgets/picturebutton.h"
 
 #include <QAccessibleWidget>
 

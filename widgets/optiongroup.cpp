@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/optiongroup.h"
+#include "widgets/optiongroup.h"
 
 #include <QAbstractButton>
 

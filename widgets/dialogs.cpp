@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/dialogs.h"
+#include "widgets/dialogs.h"
 
 #include <QApplication>
 #include <QColorDialog>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/textbox.h"
+#include "widgets/textbox.h"
 
 #include "runtime/codepage.h"
 

@@ -3,7 +3,7 @@
 /// and destroyed by its close box.
 #pragma once
 
-#include "forms/form.h"
+#include "widgets/form.h"
 
 #include <QPointer>
 

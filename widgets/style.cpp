@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/style.h"
+#include "widgets/style.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>

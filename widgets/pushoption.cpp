@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "forms/pushoption.h"
+#include "widgets/pushoption.h"
 
-#include "forms/style.h"
+#include "widgets/style.h"
 
 #include <QPainter>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/picturebox.h"
+#include "widgets/picturebox.h"
 
 #include <QMouseEvent>
 #include <QPainter>
