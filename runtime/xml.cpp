@@ -11,47 +11,13 @@
 namespace vnb {
 namespace {
 
-constexpr qsizetype largestFile = qsizetype{16} << 20;
-/// Characters that a document may make: a file of the largest size without entities.
-constexpr qsizetype longestContent = largestFile;
+/// A theme has 3 KB. Crowds of attributes and declarations cost the reader the square of their
+/// number, which can't be large in a file of this size.
+constexpr qsizetype largestFile = qsizetype{64} << 10;
+/// Characters that a document may make, by entities and a document type's attributes too.
+constexpr qsizetype longestContent = qsizetype{1} << 20;
+constexpr int longestEntity = 256; // characters; many references to one add up
 constexpr std::size_t deepest = 64;
-/// Attributes of an element, and declarations of a document type.
-constexpr int many = 256;
-constexpr qsizetype longestDeclaration = 4096;
-
-/// How many values in quotes stand in `tag`.
-int valuesIn(QByteArrayView tag) {
-  int values = 0;
-  bool due = false; // behind "=" and blanks
-  for (const char c : tag) {
-    if (due && (c == '"' || c == '\''))
-      ++values;
-    due = c == '=' || (due && (c == ' ' || c == '\t' || c == '\r' || c == '\n'));
-  }
-  return values;
-}
-
-bool isDeclaration(QByteArrayView tag) {
-  return tag.startsWith('!') && !tag.startsWith("!--") && !tag.startsWith("![");
-}
-
-/// Refuses what the reader would take the square of its length in time for: crowds of attributes
-/// and long document types. Neither "<" nor a declaration can be inside a tag, so what lies between
-/// two of them is at least a tag.
-void refuseCrowds(QByteArray bytes) {
-  bytes.replace('\0', ""); // as UTF-16 has them
-  int declarations = 0;
-  for (qsizetype at = bytes.indexOf('<'); at >= 0;) {
-    const qsizetype next = bytes.indexOf('<', at + 1);
-    const QByteArrayView tag =
-        QByteArrayView(bytes).sliced(at + 1, (next < 0 ? bytes.size() : next) - at - 1);
-    if (valuesIn(tag) > many)
-      throw RuntimeError(ownError, QStringLiteral("An element has too many attributes."));
-    if (isDeclaration(tag) && (++declarations > many || tag.trimmed().size() > longestDeclaration))
-      throw RuntimeError(ownError, QStringLiteral("The document type is too long."));
-    at = next;
-  }
-}
 
 } // namespace
 
@@ -65,11 +31,7 @@ std::optional<QString> XmlElement::getAttribute(QStringView name) const {
 class XmlBuilder {
 public:
   XmlBuilder(const QByteArray &bytes, QString &text) : m_reader(bytes), m_text(text) {
-    // The reader limits a single entity, but many references to it add up: the longer the file, the
-    // less each may make.
-    constexpr qsizetype inShortFiles = 4096;
-    m_reader.setEntityExpansionLimit(
-        static_cast<int>(std::min(inShortFiles, longestContent / (bytes.size() + 1))));
+    m_reader.setEntityExpansionLimit(longestEntity);
   }
 
   XmlElement build() {
@@ -117,11 +79,10 @@ private:
     m_open.pop_back();
   }
 
-  /// A document type can give every element a long attribute that the file holds only once.
   void count(qsizetype characters) {
     m_left -= characters;
     if (m_left < 0)
-      fail(QStringLiteral("The content is longer than 16 Mi characters."));
+      fail(QStringLiteral("The content is longer than 1 Mi characters."));
   }
 
   [[noreturn]] void fail(const QString &reason) const {
@@ -142,8 +103,7 @@ XmlDocument::XmlDocument(const QString &path) : m_text(std::make_unique<QString>
   file.openForInput(path);
   const QByteArray bytes = file.readAll();
   if (bytes.size() > largestFile)
-    throw RuntimeError(ownError, QStringLiteral("The file is larger than 16 MiB."));
-  refuseCrowds(bytes);
+    throw RuntimeError(ownError, QStringLiteral("The file is larger than 64 KiB."));
   m_root = XmlBuilder(bytes, *m_text).build();
 }
 

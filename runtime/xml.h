@@ -37,9 +37,9 @@ private:
 class XmlDocument {
 public:
   /// Loads the file at `path`. Raises what File raises, and ownError with the place and the reason
-  /// for text that is not well-formed, larger than 16 MiB (also by what its entities make), nested
-  /// deeper than 64 levels, or with more than 256 attributes in an element. Nothing outside the
-  /// file is ever opened.
+  /// for text that is not well-formed, larger than 64 KiB, or nested deeper than 64 levels, and for
+  /// content of more than 1 Mi characters, which entities can make. Nothing outside the file is
+  /// ever opened.
   explicit XmlDocument(const QString &path);
 
   const XmlElement &root() const { return m_root; }

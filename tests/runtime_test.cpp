@@ -253,38 +253,19 @@ TEST(Xml, HoldsToItsLimits) {
   const auto entity = [](qsizetype length) {
     return "<!DOCTYPE a [<!ENTITY e '" + QByteArray(length, 'x') + "'>]>";
   };
-  const auto attributes = [](int count) {
-    QByteArray text;
-    for (int i = 0; i < count; ++i)
-      text += " a" + QByteArray::number(i) + " = ''";
-    return text;
-  };
-  constexpr qsizetype mebibyte = 1 << 20;
   const Folder folder;
   for (const auto &[bytes, reason] : std::vector<std::pair<QByteArray, std::string>>{
            {nested(64), ""},
            {nested(65), "nested too deeply"},
-           {large(16 * mebibyte), ""},
-           {large(16 * mebibyte + 1), "larger than 16 MiB"},
-           {"<!DOCTYPE a [<!ENTITY e '" + QByteArray(1000, 'x') + "'><!ENTITY f '" +
-                QByteArray("&e;").repeated(1000) + "'><!ENTITY g '" +
-                QByteArray("&f;").repeated(1000) + "'>]><a>&g;</a>",
-            "ntity"}, // a thousand million characters
-           {entity(4000) + "<a>" + QByteArray("&e;").repeated(1'000'000) + "</a>", "ntity"},
-           {entity(4000) + "<a b='" + QByteArray("&e;").repeated(1'000'000) + "'/>", "ntity"},
-           {entity(3) + "<a>" + QByteArray("&e;").repeated(1'000'000) + "</a>", ""},
-           {"<a" + attributes(256) + ">" + QByteArray("====\n").repeated(300) + "</a>", ""},
-           {"<a" + attributes(257) + "/>", "too many attributes"},
-           {"<a x='>'" + attributes(1'000'000) + "/>", "too many attributes"},
-           {utf16("<a" + attributes(1000) + "/>"), "too many attributes"},
-           {"<!DOCTYPE a [" + QByteArray("<!ATTLIST a b CDATA ''>").repeated(500'000) + "]><a/>",
-            "document type is too long"},
-           {"<!DOCTYPE a [<!ATTLIST a" + QByteArray(" b CDATA ''").repeated(500'000) + ">]><a/>",
-            "document type is too long"},
-           {"<!DOCTYPE a>" + QByteArray(5000, '\n') + "<a/>", ""},
+           {large(65'536), ""},
+           {large(65'537), "larger than 64 KiB"},
+           {entity(250) + "<a>" + QByteArray("&e;").repeated(4'000) + "</a>", ""},
+           {entity(250) + "<a>" + QByteArray("&e;").repeated(5'000) + "</a>", "1 Mi characters"},
+           {entity(250) + "<a b='" + QByteArray("&e;").repeated(5'000) + "'/>", "1 Mi characters"},
+           {entity(300) + "<a>&e;</a>", "ntity"},
            {"<!DOCTYPE a [<!ATTLIST b c CDATA '" + QByteArray(4000, 'x') + "'>]><a>" +
-                QByteArray("<b/>").repeated(100'000) + "</a>",
-            "longer than 16 Mi characters"},
+                QByteArray("<b/>").repeated(1'000) + "</a>",
+            "1 Mi characters"},
            {"<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a>", "ntity"}}) {
     const QString path = folder.file(bytes);
     const std::string error = raised([&] { const XmlDocument document(path); });
