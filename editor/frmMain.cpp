@@ -3,7 +3,6 @@
 
 #include "appearance/colours.h"
 #include "appearance/frmThemes.h"
-#include "appearance/theme.h"
 #include "editor/frmToolbox.h"
 #include "lanfile/lanfile.h"
 #include "panels/frmDevice.h"
@@ -11,7 +10,6 @@
 #include "panels/frmLinks.h"
 #include "panels/frmSubnet.h"
 #include "runtime/report.h"
-#include "runtime/twips.h"
 #include "shell/cdlgex.h"
 #include "shell/frmAbout.h"
 #include "shell/frmSettings.h"
@@ -20,11 +18,8 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDeadlineTimer>
 #include <QElapsedTimer>
-#include <QScreen>
 #include <QWheelEvent>
-#include <QWindow>
 
 namespace vnb {
 namespace {
@@ -71,7 +66,8 @@ private:
 } // namespace
 
 frmMain::frmMain()
-    : m_toolbar(this, [this](std::size_t index) { (this->*toolbarButtons()[index].action)(); }),
+    : m_place(*this, *this),
+      m_toolbar(this, [this](std::size_t index) { (this->*toolbarButtons()[index].action)(); }),
       m_viewport(*this), m_operations(m_viewport.picLayout(), *this),
       m_selection(m_viewport.picLayout(), *this), m_diagram{m_viewport.picLayout(), m_selection,
                                                             m_operations},
@@ -113,7 +109,7 @@ void frmMain::Form_Load() {
         DoEvents();
       },
       [this] {
-        LoadSettings(*this);
+        LoadSettings(m_place);
         DoEvents();
       },
       [this] {
@@ -126,36 +122,7 @@ void frmMain::Form_Load() {
           openFile(Cdlg.FileName, true);
         DoEvents();
       },
-      [this] { showOnScreen(); }, [&] { splash.hide(); }, [this] { PopulateLockBoxes(); });
-}
-
-/// Moves the frame's corner to a stored place, or brings it back from one where no title bar could
-/// be taken hold of.
-void frmMain::moveOnScreen(QPoint corner) {
-  constexpr QSize hold(40, 10);
-  const QRect titleBar(corner, QSize(width(), 2 * hold.height()));
-  for (const QScreen *screen : QGuiApplication::screens()) {
-    const QRect seen = screen->availableGeometry() & titleBar;
-    if (seen.width() >= hold.width() && seen.height() >= hold.height()) {
-      move(corner);
-      return;
-    }
-  }
-  move(screen()->availableGeometry().topLeft());
-}
-
-/// Shows the window at its stored place.
-void frmMain::showOnScreen() {
-  if (m_storedLeft && m_storedTop)
-    moveOnScreen({*m_storedLeft, *m_storedTop});
-  show();
-  if (m_storedLeft.has_value() == m_storedTop.has_value())
-    return;
-  // The other edge is where the window system puts it.
-  const QDeadlineTimer patience(500);
-  while (!windowHandle()->isExposed() && !patience.hasExpired())
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-  moveOnScreen({m_storedLeft.value_or(x()), m_storedTop.value_or(y())});
+      [this] { m_place.show(); }, [&] { splash.hide(); }, [this] { PopulateLockBoxes(); });
 }
 
 void frmMain::closeEvent(QCloseEvent *event) {
@@ -167,7 +134,7 @@ void frmMain::closeEvent(QCloseEvent *event) {
 }
 
 void frmMain::Form_Unload() {
-  SaveSettings(*this);
+  SaveSettings(m_place);
   m_forms.unload();
   QCoreApplication::quit();
 }
@@ -363,23 +330,6 @@ void frmMain::loadButtonImages(const QString &tag, const QString &files) {
 
 void frmMain::deviceImagesChanged() {
   picLayout().update();
-}
-
-void frmMain::setLeft(std::int32_t lLeft) {
-  m_storedLeft = pixels(lLeft);
-}
-void frmMain::setTop(std::int32_t lTop) {
-  m_storedTop = pixels(lTop);
-}
-double frmMain::Left() const {
-  return twips(x());
-}
-double frmMain::Top() const {
-  return twips(y());
-}
-
-void frmMain::LoadTheme(const QString &sFileName) {
-  vnb::LoadTheme(sFileName, *this);
 }
 
 } // namespace vnb

@@ -8,17 +8,15 @@
 #include "editor/gestures.h"
 #include "editor/shortcuts.h"
 #include "editor/toolbar.h"
-#include "shell/settings.h"
+#include "editor/windowplace.h"
 #include "widgets/formtable.h"
 
 #include <QWidget>
 
-#include <optional>
-
 namespace vnb {
 
 /// Owns all that the user works with, and hands down what the forms need of it.
-class frmMain : public QWidget, private EditorView, private SettingsView {
+class frmMain : public QWidget, private EditorView {
 public:
   /// The window in its design state, hidden.
   frmMain();
@@ -26,7 +24,7 @@ public:
   /// Starts the program behind the splash: settings, theme, grid, last file; then shows the window.
   void Form_Load();
   /// Writes the settings store, as closing the window does.
-  void saveSettings() const { SaveSettings(*this); }
+  void saveSettings() const { SaveSettings(m_place); }
 
   Surface &picLayout() { return m_viewport.picLayout(); }
   DiagramOperations &operations() { return m_operations; }
@@ -64,8 +62,6 @@ private:
   void Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift);
   void Form_Unload();
   void openFile(const QString &sFileName, bool bTakeYourTime);
-  void showOnScreen();
-  void moveOnScreen(QPoint corner);
   template <class F>
   void showPanel(const char *procedure);
 
@@ -88,14 +84,7 @@ private:
   bool hasGrid() const override { return m_viewport.picLayout().hasGrid(); }
   void redrawGrid() override;
 
-  void setLeft(std::int32_t lLeft) override;
-  void setTop(std::int32_t lTop) override;
-  double Left() const override;
-  double Top() const override;
-  void LoadTheme(const QString &sFileName) override;
-
-  std::optional<int> m_storedLeft; // pixels, until the window shows
-  std::optional<int> m_storedTop;
+  WindowPlace m_place;
   bool m_pressedBare = false;
   Toolbar m_toolbar;
   Viewport m_viewport;

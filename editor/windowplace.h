@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+/// The main window as the settings store knows it.
+#pragma once
+
+#include "appearance/editorview.h"
+#include "shell/settings.h"
+
+#include <optional>
+
+class QPoint;
+class QWidget;
+
+namespace vnb {
+
+/// Keeps the place that the store gives the window until it is shown, since only then it counts.
+class WindowPlace : public SettingsView {
+public:
+  /// The place of `window`; `view` takes the theme.
+  WindowPlace(QWidget &window, EditorView &view) : m_window(window), m_view(view) {}
+
+  void setLeft(std::int32_t lLeft) override;
+  void setTop(std::int32_t lTop) override;
+  double Left() const override;
+  double Top() const override;
+  void LoadTheme(const QString &sFileName) override;
+
+  /// Shows the window at its stored place, or where its title bar can be taken hold of.
+  void show();
+
+private:
+  void moveOnScreen(QPoint corner);
+
+  QWidget &m_window;
+  EditorView &m_view;
+  std::optional<int> m_left; // pixels
+  std::optional<int> m_top;
+};
+
+} // namespace vnb
