@@ -20,8 +20,8 @@ namespace {
 class LookInForce {
 public:
   explicit LookInForce(const EditorView &view) : m_grid(view.hasGrid()) {
-    for (const Colour *colour : allColours())
-      m_colours.push_back(*colour);
+    for (const ColourRow &row : colourRows)
+      m_colours.push_back(*row.colour);
   }
 
   /// Loads that theme again. What fails here failed before as well, and was told then.
@@ -32,7 +32,7 @@ public:
       ThemeFile = m_file; // none at all was taken for the name of a folder
     }
     for (std::size_t i = 0; i < m_colours.size(); ++i)
-      *allColours()[i] = m_colours[i];
+      *colourRows[i].colour = m_colours[i];
     view.linkColorChanged();
     view.UpdateColors();
     if (m_grid)

@@ -11,14 +11,6 @@ bool ShowGrid;
 std::int32_t GridRes;
 bool LoadLastFile;
 
-std::span<Colour *const> allColours() {
-  static constexpr std::array<Colour *, 14> colours{
-      &GridColor,    &LinkColor,      &LinkSelColor,   &LockColor,       &SelectedColor,
-      &SubnetColor,  &SubnetSelColor, &SeparatorColor, &BackgroundColor, &TextColor,
-      &RedTextColor, &SecureColor[0], &SecureColor[1], &SecureColor[2]};
-  return colours;
-}
-
 QColor toQColor(Colour colour) {
   return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
 }

@@ -20,30 +20,6 @@ QString ThemeName;
 
 namespace {
 
-/// Which colour a theme's COLOR entry sets.
-struct ColourKey {
-  std::string_view key;
-  Colour *target;
-};
-
-const std::array colourKeys{
-    ColourKey{"grid", &GridColor},
-    ColourKey{"selected", &SelectedColor},
-    ColourKey{"link", &LinkColor},
-    ColourKey{"sellink", &LinkSelColor},
-    ColourKey{"lock", &LockColor},
-    ColourKey{"seperator", &SeparatorColor}, // as old themes spell it
-    ColourKey{"separator", &SeparatorColor},
-    ColourKey{"subnet", &SubnetColor},
-    ColourKey{"selsubnet", &SubnetSelColor},
-    ColourKey{"background", &BackgroundColor},
-    ColourKey{"text", &TextColor},
-    ColourKey{"redtext", &RedTextColor},
-    ColourKey{"secure1", &SecureColor[0]},
-    ColourKey{"secure2", &SecureColor[1]},
-    ColourKey{"secure3", &SecureColor[2]},
-};
-
 /// Which button a theme's BUTTON entry gives pictures.
 struct ButtonKey {
   std::string_view key;
@@ -112,15 +88,21 @@ QString nameOf(const QString &path) {
   return name;
 }
 
+/// The name of a colour as it is spelt today.
+QString modern(const QString &name) {
+  const bool old = name.compare(QLatin1String("seperator"), Qt::CaseInsensitive) == 0;
+  return old ? QStringLiteral("separator") : name;
+}
+
 void readColours(const XmlElement &entries, EditorView &view) {
   for (const XmlElement &entry : entries.children()) {
     const auto name = entry.getAttribute(u"for");
     const auto colour = entry.getAttribute(u"color");
-    const std::size_t row = name ? find(colourKeys, *name) : colourKeys.size();
-    if (row == colourKeys.size() || !colour)
+    const std::size_t row = name ? find(colourRows, modern(*name)) : colourRows.size();
+    if (row == colourRows.size() || !colour)
       continue;
-    *colourKeys[row].target = ParseColor(*colour);
-    if (colourKeys[row].target == &LinkColor)
+    *colourRows[row].colour = ParseColor(*colour);
+    if (colourRows[row].colour == &LinkColor)
       view.linkColorChanged();
   }
 }

@@ -56,8 +56,8 @@ private:
 
 /// One state to start from, so that an input means the same whatever came before it.
 void forget() {
-  for (Colour *colour : allColours())
-    *colour = 0;
+  for (const ColourRow &row : colourRows)
+    *row.colour = 0;
   ShowGrid = LoadLastFile = false;
   GridRes = 0;
   Cdlg.FileName = ThemeFile = QString();

@@ -90,8 +90,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t siz
   }
   require(view.isComplete() != refused, "a theme is loaded to its end or refused");
   require(ThemeFile == path, "the path is kept in either case");
-  for (const Colour *colour : allColours())
-    require((*colour & ~0xFFFFFF) == 0, "colours have 24 bits");
+  for (const ColourRow &row : colourRows)
+    require((*row.colour & ~0xFFFFFF) == 0, "colours have 24 bits");
   return 0;
 }
 

@@ -18,22 +18,13 @@ namespace {
 
 constexpr int digits = 3; // of the grid's distance
 
-struct SwatchRow {
-  const char *caption;
-  int labelLeft, labelTop, labelWidth, top; // twips
-  Colour *colour;
-};
-
-/// By the index of the swatch.
-const std::array<SwatchRow, 7> swatches{{
-    {"Grid:", 3735, 60, 390, 45, &GridColor},
-    {"Selected item:", 2865, 285, 1260, 270, &SelectedColor},
-    {"Lock:", 3690, 510, 435, 495, &LockColor},
-    {"Subnet:", 3435, 735, 690, 720, &SubnetColor},
-    {"Selected subnet:", 2655, 960, 1470, 945, &SubnetSelColor},
-    {"Link:", 3750, 1185, 375, 1170, &LinkColor},
-    {"Selected link:", 3015, 1410, 1110, 1395, &LinkSelColor},
-}};
+/// By the index of the swatch, which the Tab key goes along.
+constexpr auto swatches = [] {
+  std::array<ColourRow, userColours.size()> rows{};
+  for (const ColourRow &row : userColours)
+    rows[row.swatch] = row;
+  return rows;
+}();
 
 } // namespace
 
@@ -58,14 +49,15 @@ frmSettings::frmSettings(EditorView &view)
 
 void frmSettings::addSwatches() {
   for (std::size_t i = 0; i < swatches.size(); ++i) {
-    const SwatchRow &row = swatches[i];
+    const ColourRow &row = swatches[i];
     const QString index = QString::number(i);
+    const int top = 45 + 225 * static_cast<int>(i);
     QLabel *label =
         addLabel(*this, QStringLiteral("lblColor") + index, QString::fromLatin1(row.caption),
-                 {row.labelLeft, row.labelTop, row.labelWidth, 180}, Qt::AlignRight);
+                 {4125 - row.captionWidth, top + 15, row.captionWidth, 180}, Qt::AlignRight);
     m_picColor[i] = add<Swatch>(*this, QStringLiteral("picColor") + index);
     m_picColor[i]->setFocusPolicy(Qt::StrongFocus);
-    place(*m_picColor[i], {4140, row.top, 615, 210});
+    place(*m_picColor[i], {4140, top, 615, 210});
     nameAfter(*m_picColor[i], *label);
     connect(m_picColor[i], &Swatch::clicked, this, [this, i] { picColor_Click(i); });
   }
@@ -105,8 +97,8 @@ void frmSettings::cmdOK_Click() {
       [this] {
         ShowGrid = m_chkGrid->isChecked();
         LoadLastFile = m_chkLoadLast->isChecked();
-        for (const std::size_t i : std::array<std::size_t, 7>{0, 5, 6, 2, 1, 3, 4})
-          *swatches[i].colour = m_picColor[i]->BackColor();
+        for (const ColourRow &row : userColours)
+          *row.colour = m_picColor[row.swatch]->BackColor();
         m_view.linkColorChanged();
       });
   close();

@@ -104,23 +104,6 @@ bool mayReplace(const QString &path) {
               .preset = Answer::No}) == Answer::Yes;
 }
 
-struct StoredColour {
-  const char *key;
-  Colour *colour;
-  Colour standard;
-};
-
-/// The drawing colours in the order of their reading.
-const std::array storedColours{
-    StoredColour{"Colors/Grid", &GridColor, 0x404040},
-    StoredColour{"Colors/Link", &LinkColor, 0xE48257},
-    StoredColour{"Colors/LinkSel", &LinkSelColor, 0x0000FF},
-    StoredColour{"Colors/Lock", &LockColor, 0x00FFFF},
-    StoredColour{"Colors/Selected", &SelectedColor, 0xFFFFFF},
-    StoredColour{"Colors/Subnet", &SubnetColor, 0x008000},
-    StoredColour{"Colors/SubnetSel", &SubnetSelColor, 0x00FF00},
-};
-
 QString positionText(double twips) {
   return doubleText(static_cast<float>(twips));
 }
@@ -147,8 +130,8 @@ void LoadSettings(SettingsView &view) {
         (view.*move)(value);
     });
   };
-  const auto colour = [&](const StoredColour &row) {
-    return reads([&] { *row.colour = store.number(row.key, row.standard); });
+  const auto colour = [&](const ColourRow &row) {
+    return reads([&] { *row.colour = store.number(row.storeKey, row.standard); });
   };
   const bool complete =
       reads([&] { store.read(); }) && position("Main/PosX", &SettingsView::setLeft) &&
@@ -162,7 +145,7 @@ void LoadSettings(SettingsView &view) {
       reads([&] { GridRes = store.number("Settings/GridRes", 20); }) &&
       reads([&] { Cdlg.FileName = store.text("Settings/LastFile", {}); }) &&
       reads([&] { LoadLastFile = store.truth("Settings/LoadLastFile", false); }) &&
-      std::all_of(storedColours.begin(), storedColours.end(), colour);
+      std::all_of(userColours.begin(), userColours.end(), colour);
   view.settingsLeftOut |= !complete;
 }
 
@@ -179,8 +162,8 @@ void SaveSettings(const SettingsView &view) {
     store.setTruth("Settings/LoadLastFile", LoadLastFile);
     store.setTruth("Settings/ShowGrid", ShowGrid);
     store.set("Settings/GridRes", GridRes);
-    for (const StoredColour &row : storedColours)
-      store.set(row.key, *row.colour);
+    for (const ColourRow &row : userColours)
+      store.set(row.storeKey, *row.colour);
     store.write();
   });
 }

@@ -35,8 +35,8 @@ public:
     if (themeFails)
       throw RuntimeError(Fault::FileNotFound);
     EXPECT_EQ(GridRes, -7) << "the theme comes first";
-    for (Colour *colour : allColours())
-      *colour = 0x123456;
+    for (const ColourRow &row : colourRows)
+      *row.colour = 0x123456;
   }
 
   Words calls;

@@ -13,8 +13,8 @@ namespace vnb::test {
 /// All settings as they are before any are read: recognisable values.
 inline void forgetAll() {
   constexpr Colour unread = 0x777777;
-  for (Colour *colour : allColours())
-    *colour = unread;
+  for (const ColourRow &row : colourRows)
+    *row.colour = unread;
   ShowGrid = LoadLastFile = false;
   GridRes = -7;
   Cdlg = {};

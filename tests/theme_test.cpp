@@ -31,8 +31,8 @@ TEST(ParseColor, TakesAnyText) {
 class ThemeLoader : public testing::Test, protected EditorView {
 protected:
   ThemeLoader() {
-    for (Colour *colour : allColours())
-      *colour = 0;
+    for (const ColourRow &row : colourRows)
+      *row.colour = 0;
     picture("a.png", 5, 7);
   }
 
@@ -88,7 +88,7 @@ TEST_F(ThemeLoader, EveryKeyHasItsPlace) {
   int number = 0;
   for (const char *key :
        {"grid", "link", "sellink", "lock", "selected", "subnet", "selsubnet", "Separator",
-        "background", "text", "redtext", "secure1", "secure2", "SecurE3"}) // as in allColours
+        "background", "text", "redtext", "secure1", "secure2", "SecurE3"}) // as in colourRows
     colours += QStringLiteral("<c for='%1' color='#%2'/>")
                    .arg(QLatin1String(key))
                    .arg(++number, 6, 16, QChar(u'0'))
@@ -120,7 +120,7 @@ TEST_F(ThemeLoader, EveryKeyHasItsPlace) {
             "");
   EXPECT_EQ(calls, due);
   for (std::size_t i = 0; i < 14; ++i)
-    EXPECT_EQ(*allColours()[i], (static_cast<Colour>(i) + 1) << 16) << i;
+    EXPECT_EQ(*colourRows[i].colour, (static_cast<Colour>(i) + 1) << 16) << i;
   for (std::int32_t lType = 1; lType <= 16; ++lType)
     EXPECT_EQ(size(lType), std::to_string(lType) + "x1");
   EXPECT_EQ(load(sections({})), ""); // colours stay, pictures go back
@@ -144,8 +144,8 @@ TEST_F(ThemeLoader, TheLaterOneWinsAndWhatItDoesNotKnowIsPassedOver) {
                  "<d for='hub' image='missing'/><d name='MAIN SERVER' image='missing'/></DEVICES>"
                  "<colors><c for='text' color='#000005'/></colors></T>"),
             "");
-  for (const Colour *colour : allColours())
-    EXPECT_EQ(*colour, colour == &SeparatorColor ? 0x030000 : 0);
+  for (const ColourRow &row : colourRows)
+    EXPECT_EQ(*row.colour, row.colour == &SeparatorColor ? 0x030000 : 0);
   EXPECT_EQ(calls[1], "NEW ||");
   EXPECT_EQ(calls[2], "LOAD ~/3|~/3|~/3");
   EXPECT_EQ(size(8), "5x7");
@@ -309,11 +309,11 @@ TEST_F(ThemeLoader, TheManualIsRight) {
   EXPECT_EQ(entries.count('<'), 14);
   EXPECT_EQ(load(sections(entries)), "");
   std::vector<Colour> told;
-  for (Colour *colour : allColours())
-    told.push_back(std::exchange(*colour, 0));
+  for (const ColourRow &row : colourRows)
+    told.push_back(std::exchange(*row.colour, 0));
   LoadTheme(QStringLiteral(VNB_THEMES "/default/theme.xml"), *this);
   for (std::size_t i = 0; i < told.size(); ++i)
-    EXPECT_EQ(told[i], *allColours()[i]) << i;
+    EXPECT_EQ(told[i], *colourRows[i].colour) << i;
 }
 
 } // namespace
