@@ -17,6 +17,7 @@ const CodePageTable &table(int number) {
              : *std::ranges::find(codePageTables, 1252, &CodePageTable::number);
 }
 
+/// The C library's order: an earlier variable outdoes a later one, an empty one says nothing.
 QString characterLocale() {
   for (const char *variable : {"LC_ALL", "LC_CTYPE", "LANG"})
     if (!qEnvironmentVariableIsEmpty(variable))
@@ -24,6 +25,7 @@ QString characterLocale() {
   return {};
 }
 
+/// Made at first use, by the environment of that moment.
 CodePage &current() {
   static CodePage page(codePageNumber(characterLocale()));
   return page;
@@ -32,6 +34,7 @@ CodePage &current() {
 } // namespace
 
 CodePage::CodePage(int number) : m_number(table(number).number), m_upper(table(number).upper) {
+  // Sorted for the way back, which is searched for each character that is typed or saved.
   for (std::size_t i = 0; i < m_upper.size(); ++i)
     m_byCharacter[i] = {m_upper[i], static_cast<std::uint8_t>(128 + i)};
   std::ranges::sort(m_byCharacter, {}, &Pair::character);
@@ -77,6 +80,8 @@ QString CodePage::holdable(const QString &text) const {
 }
 
 int codePageNumber(const QString &locale) {
+  // The pages are those that Windows has for these languages, since the game's files come from
+  // there.
   switch (QLocale(locale).language()) {
   case QLocale::Thai:
     return 874;

@@ -18,6 +18,7 @@ public:
   /// Page `number`: 874 or 1250 to 1258; any other number gives 1252.
   explicit CodePage(int number);
 
+  /// One character for each byte; there is no byte that it refuses.
   QString decode(std::string_view bytes) const;
 
   /// Writes one byte a character to `out` and returns the end; a character that the page lacks
@@ -26,7 +27,8 @@ public:
 
   QByteArray encode(QStringView text) const;
 
-  /// `text` as it comes back after being saved: every character that the page lacks is a "?".
+  /// `text` as it comes back after being saved: every character that the page lacks is a "?". It
+  /// may be shorter, as a pair of surrogates is one character.
   QString holdable(const QString &text) const;
 
   int number() const { return m_number; }
@@ -44,12 +46,15 @@ private:
   std::array<Pair, 128> m_byCharacter; // the same, sorted by character
 };
 
-/// Number of the code page that users of this locale have ("ru_RU.UTF-8").
+/// Number of the code page that users of this locale have ("ru_RU.UTF-8"). The language alone
+/// tells, but for Serbian, which has two scripts; 1252 where no other page is the language's.
 int codePageNumber(const QString &locale);
 
 /// The user's code page, by the locale of characters (LC_ALL, LC_CTYPE, LANG), until useCodePage
-/// sets another. The language of the desktop says nothing: many Russians have an English one.
+/// sets another. The language of the desktop says nothing: many Russians have an English one. The
+/// reference holds for good; useCodePage changes what it refers to.
 const CodePage &codePage();
+/// Takes `number` as CodePage does. Texts that have been decoded keep their characters.
 void useCodePage(int number);
 
 } // namespace vnb

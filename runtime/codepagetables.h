@@ -7,6 +7,7 @@
 
 namespace vnb {
 
+/// One page, without its lower half: the bytes 0 to 127 are ASCII in all of them.
 struct CodePageTable {
   int number;
   std::array<char16_t, 128> upper;

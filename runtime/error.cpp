@@ -63,6 +63,7 @@ RuntimeError currentError() {
   } catch (const std::bad_alloc &) {
     return RuntimeError(Fault::OutOfMemory);
   } catch (...) {
+    // A slip of the program's own, in words that help no user.
     return RuntimeError(Fault::Internal);
   }
 }

@@ -33,7 +33,8 @@ enum class Fault : std::int32_t {
   InvalidPicture = 481,
 };
 
-/// Number of the errors that this program raises with descriptions of its own.
+/// Number of the errors that this program raises with descriptions of its own. Users see it as
+/// -2147221163.
 inline constexpr auto ownError = static_cast<std::int32_t>(0x80040155);
 
 /// A failure with its number and a description for the user.
@@ -44,12 +45,15 @@ public:
   /// A fault of the program's own.
   RuntimeError(std::int32_t number, QString description);
 
-  /// The same error, telling what it is about as well: a file, or what is wrong in it.
-  /// An empty text adds nothing.
+  /// The same error, telling what it is about as well: a file, or what is wrong in it. `what`
+  /// becomes a line below the description; an empty text adds nothing.
   RuntimeError about(const QString &what) const;
 
+  /// That of a Fault, or ownError, where only the description tells what is wrong.
   std::int32_t number() const { return m_number; }
+  /// Text for the user, of one line and those that `about` has added.
   const QString &description() const { return m_description; }
+  /// For a debugger alone: the report shows number and description.
   const char *what() const noexcept override { return "runtime error"; }
 
 private:
@@ -57,7 +61,8 @@ private:
   QString m_description;
 };
 
-/// Runs `act` and returns what it gives. What it raises tells `what` as well.
+/// Runs `act` and returns what it gives. What it raises tells `what` as well. Exceptions of other
+/// kinds pass as they are.
 template <class Act>
 decltype(auto) about(const QString &what, const Act &act) {
   try {

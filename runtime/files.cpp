@@ -13,6 +13,7 @@
 namespace vnb {
 namespace {
 
+/// A quota and a limit on the size of files are no full disk, but leave the user to do the same.
 RuntimeError systemError(int number) {
   switch (number) {
   case ENOENT:
@@ -73,6 +74,7 @@ void askForRoom(int handle, const struct stat &before, off_t size) {
   const auto unit = static_cast<off_t>(std::max(disk.f_frsize, 1UL));
   const auto blocks = [unit](off_t bytes) { return (bytes + unit - 1) / unit; };
   constexpr off_t statusUnit = 512;
+  // What the file has is used again, but its holes have no blocks.
   const off_t more = blocks(size) - blocks(std::min(before.st_size, before.st_blocks * statusUnit));
   // A little beside them, where the file system writes down which blocks they are.
   if (more > 0 && static_cast<fsblkcnt_t>(more + more / 128 + 3) > disk.f_bavail)
@@ -91,6 +93,7 @@ int File::open(const QString &path, int flags) {
     throw RuntimeError(Fault::FileAlreadyOpen);
   if (path.isEmpty() || path.contains(QChar(0)))
     throw RuntimeError(Fault::BadFileName);
+  // Not for programs that are started from here, and without waiting for a pipe's other end.
   m_handle = uninterrupted([&] {
     return ::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
   });
@@ -112,6 +115,7 @@ struct stat File::status() const {
 void File::openForInput(const QString &path) {
   if (const int fault = open(path, O_RDONLY); fault != 0)
     throw systemError(fault);
+  // Only a regular file is sure to end: reading /dev/zero, or a pipe, could go on for ever.
   if (struct stat status{}; ::fstat(m_handle, &status) == 0 && S_ISREG(status.st_mode))
     return;
   close();
@@ -120,6 +124,7 @@ void File::openForInput(const QString &path) {
 
 void File::openForOutput(const QString &path) {
   constexpr int flags = O_WRONLY | O_CREAT;
+  // As a new one first: only a file that wasn't there is this program's to remove again.
   int fault = open(path, flags | O_EXCL);
   if (fault == 0)
     m_made = QFile::encodeName(path);
@@ -148,6 +153,7 @@ QByteArray File::readAll() {
       break;
     if (filled > qsizetype{largest})
       throw RuntimeError(Fault::OutOfMemory);
+    // It has grown meanwhile, or has no size that is told, like those in /proc.
     if (filled == bytes.size())
       bytes.resize(filled * 2);
   }
@@ -158,6 +164,7 @@ QByteArray File::readAll() {
 /// Room for the new content first: a full disk must leave the old one whole. Its length must stay,
 /// too, or the file would be neither for a moment.
 void File::reserve(off_t size) const {
+  // A fallocate that keeps the length doesn't ask for this limit.
   if (rlimit limit{};
       ::getrlimit(RLIMIT_FSIZE, &limit) == 0 && static_cast<rlim_t>(size) > limit.rlim_cur)
     throw RuntimeError(Fault::DiskFull);
@@ -166,6 +173,7 @@ void File::reserve(off_t size) const {
           [&] { return systemCalls.fallocate(handle(), FALLOC_FL_KEEP_SIZE, 0, size); }) == 0)
     return;
   const int fault = errno;
+  // Many file systems can't reserve; there the free space must do.
   if (!isFull(fault))
     return askForRoom(handle(), before, size);
   systemCalls.ftruncate(handle(), before.st_size); // gives back what was reserved up to there
@@ -178,6 +186,7 @@ void File::writeAt(off_t at, std::string_view bytes) const {
   while (!bytes.empty()) {
     const ssize_t done =
         checked([&] { return systemCalls.write(handle(), bytes.data(), bytes.size()); });
+    // Asking on would never end.
     if (done == 0)
       throw RuntimeError(Fault::DeviceIo);
     bytes.remove_prefix(static_cast<std::size_t>(done));
@@ -209,6 +218,7 @@ void File::replace(std::string_view bytes, std::string_view spoilt) {
       systemCalls.ftruncate(handle(), end);
     throw;
   }
+  // The beginning vouches for the rest, which must be on the disk before it.
   checked([&] { return systemCalls.ftruncate(handle(), size); });
   flush();
   for (std::size_t i = spoilt.size(); i-- > 0;)
@@ -234,8 +244,10 @@ int File::closeHandle() {
   if (m_handle < 0)
     return 0;
   int fault = systemCalls.close(m_handle) == 0 ? 0 : errno;
+  // Linux has closed it even so, and a second close could hit a file opened since.
   if (fault == EINTR)
     fault = 0;
+  // Half a file where there was none is worse than none.
   if (!m_made.isEmpty() && (!m_whole || fault != 0))
     ::unlink(m_made.constData());
   m_handle = -1;

@@ -9,6 +9,7 @@
 
 namespace vnb {
 
+/// What a box can be answered. Closing one that asks is a No.
 enum class Answer : std::uint8_t { Ok, Yes, No };
 
 /// What a modal message box shows.
@@ -16,6 +17,7 @@ struct MessageBox {
   enum class Icon : std::uint8_t { Critical, Question, Exclamation };
   enum class Buttons : std::uint8_t { Ok, YesNo };
 
+  /// Plain text; a line feed begins a line.
   QString title, text;
   Icon icon = Icon::Critical;
   Buttons buttons = Buttons::Ok;
@@ -27,7 +29,8 @@ struct MessageBox {
 Answer printMessage(const MessageBox &box);
 
 /// Shows a box and waits for the answer: Ok for an Ok box, Yes or No for a YesNo box. It is
-/// printMessage until a window system's function is put here.
+/// printMessage until a window system's function is put here. While a window waits, events run:
+/// timers, painting, an end of the program.
 extern std::function<Answer(const MessageBox &)> showMessageBox;
 
 } // namespace vnb

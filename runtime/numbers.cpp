@@ -43,6 +43,7 @@ std::size_t numberLength(std::string_view text) {
     const std::size_t sign = end + 1;
     const std::size_t exponent = sign + (sign < text.size() && isSign(text[sign]) ? 1 : 0);
     const std::size_t last = skipDigits(text, exponent);
+    // Else the number ends in front of the "e": "3em" begins with 3.
     if (last > exponent)
       end = last;
   }
@@ -73,6 +74,7 @@ bool isHuge(std::string_view number) {
 
 /// The value of a text that numberLength took whole.
 double valueOf(std::string_view number) {
+  // from_chars takes no plus, and gives no value for what is out of range.
   const bool plus = number.front() == '+';
   const bool minus = number.front() == '-';
   const std::string_view digits = number.substr(plus || minus ? 1 : 0);
@@ -97,6 +99,7 @@ public:
     for (std::size_t i = 0; i < m_texts.size(); ++i) {
       Text &text = m_texts[i];
       text.value = static_cast<double>(i) / 100;
+      // The shortest form: at so few digits the same as the general one.
       text.length = static_cast<std::size_t>(
           std::to_chars(text.bytes.data(), text.bytes.data() + text.bytes.size(), text.value).ptr -
           text.bytes.data());
@@ -110,6 +113,7 @@ public:
     const Text &text = m_texts[static_cast<std::size_t>(std::lround(value * 100))];
     if (text.value != value)
       return nullptr;
+    // All eight bytes, as a number known beforehand is copied at once; there is room for more.
     std::memcpy(out, text.bytes.data(), text.bytes.size());
     return out + text.length;
   }
@@ -128,6 +132,7 @@ const Hundredths hundredths;
 } // namespace
 
 double Val(QStringView text) {
+  // What isn't Latin-1 turns into a "?", and no number goes on behind one.
   const QByteArray bytes = text.toLatin1();
   std::string_view rest(bytes.data(), static_cast<std::size_t>(bytes.size()));
   rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
@@ -137,6 +142,7 @@ double Val(QStringView text) {
 
 std::int32_t roundToLong(double value) {
   const double rounded = std::nearbyint(value);
+  // Put this way round so that NaN fails, too.
   if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
         rounded <= std::numeric_limits<std::int32_t>::max()))
     throw RuntimeError(Fault::Overflow);

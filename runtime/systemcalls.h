@@ -10,7 +10,8 @@
 
 namespace vnb {
 
-/// As the system documents them: -1 for a failure, with its number in errno.
+/// As the system documents them: -1 for a failure, with its number in errno. Those by which no
+/// content can get lost (open, lseek, read) are called directly.
 struct SystemCalls {
   std::function<int(int, int, off_t, off_t)> fallocate = ::fallocate;
   std::function<int(int, struct statvfs *)> fstatvfs = ::fstatvfs;

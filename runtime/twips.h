@@ -4,7 +4,7 @@
 
 namespace vnb {
 
-/// Pixels of a length in twips, 15 to the pixel.
+/// Pixels of a length in twips, 15 to the pixel, rounded towards zero.
 constexpr int pixels(int twips) {
   return twips / 15;
 }

@@ -41,6 +41,7 @@ public:
       take(m_reader.readNext());
     if (m_reader.hasError())
       fail(m_reader.errorString());
+    // There is one: the reader takes a file without a root for a fault.
     return std::move(document.m_children.front());
   }
 
@@ -95,7 +96,9 @@ private:
   QXmlStreamReader m_reader;
   QString &m_text;
   qsizetype m_left = longestContent;
-  std::vector<XmlElement *> m_open; // from the document down to the innermost open element
+  /// From the document down to the innermost open element. The pointers hold, since only the
+  /// innermost gets children, and moving those moves none that is open.
+  std::vector<XmlElement *> m_open;
 };
 
 XmlDocument::XmlDocument(const QString &path) : m_text(std::make_unique<QString>()) {

@@ -11,13 +11,14 @@
 
 namespace vnb {
 
-/// One element of a document. Lives as long as the document.
+/// One element of a document. Lives as long as the document, and so does any copy of it.
 class XmlElement {
 public:
+  /// With its prefix, if any, and in the letters of the file.
   const QString &tagName() const { return m_tagName; }
-  /// The child elements, in file order.
+  /// The child elements, in file order; texts and comments between them are left out.
   const std::vector<XmlElement> &children() const { return m_children; }
-  /// An attribute's text; nothing if it is absent.
+  /// An attribute's text, with entities resolved; nothing if it is absent. Case counts.
   std::optional<QString> getAttribute(QStringView name) const;
   /// All text between its tags, that of its children included.
   QString text() const { return m_documentText->mid(m_textStart, m_textEnd - m_textStart); }
