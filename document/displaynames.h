@@ -12,10 +12,11 @@ QString friendlyName(std::int32_t lIndex);
 /// "Main server 3": displayed name and number; an unknown device if there is none of that number.
 QString deviceName(std::int32_t lIndex);
 
-/// "Link to Hub 3" as seen from system `lIndex`, "Link from Hub 3" where the link ends there.
+/// "Link to Hub 3" as seen from system `lIndex`, "Link from Hub 3" where the link ends there. A
+/// link of a device to itself is one to it.
 QString linkName(const LinkRec &link, std::int32_t lIndex);
 
-/// "link to Hub 3": such a name amid a sentence.
+/// "link to Hub 3": such a name amid a sentence. REQUIRES: `name` isn't empty.
 QString inSentence(QString name);
 
 } // namespace vnb

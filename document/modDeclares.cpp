@@ -21,7 +21,8 @@ bool touches(const LinkRec &link, std::int32_t system) {
   return link.lFrom == system || link.lTo == system;
 }
 
-/// Position of the first entry from 1 on that `matches`, -1 if there is none.
+/// Position of the first entry from 1 on that `matches`, -1 if there is none. The zeroes of element
+/// 0 would match the router.
 template <class T, class Test>
 std::int32_t find(const std::vector<T> &array, Test matches) {
   const auto found = std::find_if(array.begin() + 1, array.end(), matches);

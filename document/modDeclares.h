@@ -64,13 +64,15 @@ extern std::vector<LinkRec> Links;
 extern std::vector<SubnetRec> Subnets;
 extern std::vector<DataRec> DataItems;
 
-/// Number of the selected system, -1 for none.
+/// Number of the selected system, -1 for none. In the editor `Selection` sets it, with the frames
+/// and panels that go with it.
 extern std::int32_t lSelectedItem;
 
-/// True while a file is read.
+/// True while a file is read. The header's boxes then show what has been read and store nothing,
+/// and the lock boxes are filled once, behind the last system.
 extern bool LoadingFile;
 
-/// The highest position in one of the arrays above.
+/// The highest position in one of the arrays above: 0 where only element 0 is there.
 template <class T>
 std::int32_t UBound(const std::vector<T> &array) {
   return static_cast<std::int32_t>(array.size()) - 1;
@@ -87,8 +89,9 @@ std::vector<std::int32_t> RetrieveLocks();
 std::int32_t FindData(std::int32_t lNum);
 std::int32_t FindSubnet(std::int32_t lFor, std::int32_t lFrom);
 
-/// Take out the entry at position `lIndex`; later ones move down by one. A position outside 1 to
-/// the upper bound is reported as 9 and changes nothing.
+/// Take out the entry at position `lIndex`; later ones move down by one. Numbers that are stored
+/// elsewhere stay as they are: DocumentOperations mends them. A position outside 1 to the upper
+/// bound is reported as 9 and changes nothing.
 void RemoveFromLinkArray(std::int32_t lIndex);
 void RemoveFromSysArray(std::int32_t lIndex);
 void RemoveFromDataArray(std::int32_t lIndex);

@@ -39,6 +39,7 @@ int lockFields(std::int32_t lType) {
   }
 }
 
+/// Other types keep other things than locks in these fields, such as a frequency.
 void closeGapInLocks(SystemRec &system, std::int32_t gone) {
   std::int32_t *const fields[] = {&system.lData1, &system.lData2, &system.lData3};
   for (int i = 0; i < lockFields(system.lType); ++i) {
@@ -50,6 +51,7 @@ void closeGapInLocks(SystemRec &system, std::int32_t gone) {
   }
 }
 
+/// Element 0 of the links and the others takes part: no gap is low enough for its zeroes.
 void closeGapEverywhere(std::int32_t gone) {
   for (LinkRec &link : Links) {
     closeGap(link.lFrom, gone);
@@ -134,6 +136,7 @@ void DocumentOperations::AddData(std::int32_t lNum, const QString &sText) {
 }
 
 void DocumentOperations::RemoveSystem(std::int32_t lIndex) {
+  // Before anything goes: a device that stays keeps its links.
   if (lIndex < 1 || lIndex > UBound(Systems)) {
     RemoveFromSysArray(lIndex); // reports
     return;
@@ -151,6 +154,7 @@ void DocumentOperations::RemoveSystem(std::int32_t lIndex) {
         });
       },
       [&] { removeAll(DataItems, [&](const DataRec &data) { return data.lNum == lIndex; }); },
+      // Numbers close up last: all that was removed before went by the old ones.
       [&] { RemoveFromSysArray(lIndex); }, [&] { closeGapEverywhere(lIndex); });
 }
 

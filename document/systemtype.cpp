@@ -11,7 +11,8 @@ namespace {
 constexpr TypeRow none{
     .resID = "UNKNOWN", .plain = "NONE", .fileWord = "NONE", .friendly = "Unknown device"};
 
-/// By code, from 1 on.
+/// By code, from 1 on. The program has no picture of its own for those with UNKNOWN. The asterisks
+/// are for the eye.
 constexpr std::array<TypeRow, SystemType::Last> rows{{
     {"ROUTER", "Router", "ROUTER", "Router", "router", "Router", Fields::None},
     {"HUB", "Hub", "HUB", "Hub", "hub", "Hub", Fields::None},
@@ -75,6 +76,7 @@ constexpr auto fileWords = [] {
   return words;
 }();
 
+/// Of ASCII, as the names are: a file must read the same in every locale.
 char lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }

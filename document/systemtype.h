@@ -25,10 +25,11 @@ inline constexpr std::int32_t RadioReceiver = 14;
 inline constexpr std::int32_t Last = 16;
 } // namespace SystemType
 
-/// The fields that some types have beside those of all devices.
+/// The fields that some types have beside those of all devices. A server names up to three locks, a
+/// bridge two.
 enum class Fields : std::uint8_t { None, Lock, Server, Modem, Bridge, Receiver };
 
-/// One type. Whoever adds one adds this and its picture.
+/// One type. Whoever adds one adds this and its picture. All texts are ASCII.
 struct TypeRow {
   std::string_view resID;         // built-in bitmap
   std::string_view plain;         // name
