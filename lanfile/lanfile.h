@@ -35,9 +35,10 @@ public:
 };
 
 /// Replaces the document by what `sFileName` holds, through `operations`, so that a view which
-/// derives from them grows along. Every fault goes to the standard error report: Yes goes on with
-/// the next step (where the lines have run out, into the next fault), No ends, and what was read
-/// stands. `bTakeYourTime` lets events run between the lines.
+/// derives from them grows along. A file that can't be opened or read leaves a new LAN. Every fault
+/// goes to the standard error report: Yes goes on with the next step (where the lines have run out,
+/// into the next fault), No ends, and what was read stands. `bTakeYourTime` lets events run between
+/// the lines.
 void OpenLANFile(const QString &sFileName, DocumentOperations &operations, ReaderView &view,
                  bool bTakeYourTime = false);
 

@@ -75,6 +75,7 @@ std::string normalised(std::string_view line) {
   for (const char c : trimmed(line)) {
     if (!isBlank(c))
       result += c;
+    // There is a last one: a trimmed line begins with no blank.
     else if (result.back() != ' ')
       result += ' ';
   }

@@ -37,7 +37,8 @@ public:
   /// Goes to the next significant line. False when there is none; no line is current then.
   bool next();
 
-  /// The current line, trimmed of blanks and tabs. Raises 9 when there is none.
+  /// The current line, trimmed of blanks and tabs. Raises 9 when there is none. What it gives holds
+  /// as long as the bytes, which a move of this object takes along.
   std::string_view current() const {
     if (m_current.empty())
       throw RuntimeError(Fault::SubscriptOutOfRange);

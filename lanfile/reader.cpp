@@ -42,6 +42,7 @@ private:
       m_view.yield();
   }
 
+  /// Raises 9 where the lines have run out.
   void nextLine() {
     const bool found = m_lines.next();
     yield();
@@ -49,6 +50,7 @@ private:
       throw RuntimeError(Fault::SubscriptOutOfRange);
   }
 
+  /// The same behind a table, where a file may end: that is no fault, and false.
   bool nextLineBounded() {
     bool found = false;
     return m_report([&] {
@@ -61,6 +63,7 @@ private:
   bool readBytes(const QString &sFileName) {
     File file;
     QByteArray bytes;
+    // After a Yes each of these still has its turn: opening may fail with 53, then reading with 52.
     return m_report([&] {
              yield();
              m_operations.ClearLAN();
@@ -83,6 +86,7 @@ private:
     return m_report([&] {
              nextLine();
              const std::string line = normalised(m_lines.current());
+             // Counted, not looked for: any word may stand in the key's place.
              take(std::string_view(line).substr(std::min(keyLength + 1, line.size())));
            }) &&
            m_report([&] { m_view.headerRead(field); });
@@ -125,10 +129,12 @@ private:
   bool table(TakeRow takeRow) {
     for (;;) {
       bool atEnd = false;
+      // Raises 9 where the lines have run out, and again in the round after a Yes: only No ends it.
       if (!m_report([&] { atEnd = m_lines.current() == "."; }))
         return false;
       if (atEnd)
         return true;
+      // Emptied first, so that after a fault no columns of the row before are taken.
       const bool goOn = m_report([&] {
                           m_row = Row();
                           m_row = Row(m_lines.current());
@@ -150,6 +156,7 @@ private:
            complete;
   }
 
+  /// The columns are taken one by one: a call's arguments come in no certain order.
   void takeSystem() {
     m_row.takeWord();
     const std::int32_t lType = TypeFromWord(m_row.takeWord());

@@ -78,6 +78,7 @@ std::size_t sizeOf(const QString &text) {
 std::size_t fileRoom() {
   std::size_t room = systemsBanner.size() + linksBanner.size() + subnetsBanner.size() +
                      dataBanner.size() + lastLine.size() + 5 * rowRoom + widestColumn;
+  // One byte a character is all that a page needs.
   room += sizeOf(LanHeader.NAME) + sizeOf(LanHeader.COMPANY) + sizeOf(LanHeader.IP);
   for (const SystemRec &system : Systems)
     room += rowRoom + sizeOf(system.sDataX);
@@ -133,10 +134,12 @@ void addHeader(FileText &file, std::string_view key, const Value &value) {
   file.endRow();
 }
 
+/// The reader takes blanks for no text. Without them a file comes back to the byte.
 bool isAllBlanks(const QString &text) {
   return std::all_of(text.begin(), text.end(), [](QChar c) { return c == u' '; });
 }
 
+/// The widths here and below put each column under its caption in the banner.
 void addSystem(FileText &file, std::int32_t number, const SystemRec &system) {
   file.column(number, 8);
   file.column(FileWord(system.lType), 16);
@@ -215,6 +218,7 @@ bool SaveLAN(const QString &sFileName) {
   // Without a text the old file is better left as it is.
   if (!made || !text)
     return false;
+  // Counted, as `reported` is true also where the user has gone on after a fault.
   int done = 0; // without an error
   reported(
       "frmMain", "SaveLAN", [&] { file.openForOutput(sFileName), ++done; },
