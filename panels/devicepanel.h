@@ -16,7 +16,8 @@ public:
   /// would take a control that is made in a disabled container for a plain area.
   void showNoDevice();
 
-  /// Fills the panel for the device that has just been selected.
+  /// Fills the panel for the device that has just been selected, and shows its controls. What it
+  /// raises is the caller's to report. REQUIRES: lSelectedItem is a device.
   virtual void selectionFill() = 0;
 
 protected:
@@ -27,6 +28,7 @@ protected:
   const DiagramParts &diagram() const { return m_diagram; }
   QWidget &container() { return *m_container; }
   QWidget &lblNoDevice() { return *m_lblNoDevice; }
+  /// A device is selected: the controls come back, and act. Filling them is the panel's.
   void showDevice();
 
 private:

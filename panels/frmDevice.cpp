@@ -134,6 +134,7 @@ void frmDevice::addFrequency(QWidget &group) {
 
 void frmDevice::Form_Load() {
   reported(
+      // The lock boxes before the fill, which looks for the device's locks among their rows.
       "frmDevice", "Form_Load", [this] { UpdateColors(); }, [this] { PopulateLockBoxes(); },
       [this] {
         if (lSelectedItem != -1)
@@ -168,6 +169,7 @@ void frmDevice::fillCommon() {
 /// Each value that is shown runs its handler, which stores it again; for the lock boxes that is how
 /// the locks get their frames.
 void frmDevice::fillGroup() {
+  // A copy: the handlers write into the record meanwhile.
   const SystemRec record = selectedSystem();
   const Fields fields = typeRow(record.lType).fields;
   showGroup(fields);
@@ -203,6 +205,8 @@ void frmDevice::Choose(std::int32_t lCombo, std::int32_t lNumber) {
       box.setListIndex(hasNone(lCombo) ? 0 : -1);
       return;
     }
+    // Else a row that shows already would be no pick, and the lock of the next device without a
+    // frame.
     box.setListIndex(-1);
     box.setListIndex(rows(lCombo).rowOf(lNumber));
   });
@@ -211,10 +215,12 @@ void frmDevice::Choose(std::int32_t lCombo, std::int32_t lNumber) {
 void frmDevice::PopulateLockBoxes() {
   reported("frmMain", "PopulateLockBoxes", [this] {
     std::vector<std::int32_t> locks = RetrieveLocks();
+    // Element 0 is no lock.
     locks.erase(locks.begin());
     m_lockRows.refill(locks);
     m_noneAndLockRows.refill(locks);
     for (std::int32_t i = 0; i < lockBoxes; ++i) {
+      // Not setListIndex: its Click would store "None" in the record.
       at(m_cboLock, i)->setCurrentIndex(hasNone(i) ? 0 : -1);
       if (hasNone(i))
         diagram().selection.showLock(i, -1);
@@ -253,6 +259,7 @@ void frmDevice::chkLocked_Click() {
 
 void frmDevice::txtFreq_Change(std::size_t Index) {
   reported("frmDevice", "txtFreq_Change", [&] {
+    // A text that is no number is 0, and stays in the box as it was typed.
     const std::int32_t value = roundToLong(Val(m_txtFreq[Index]->text()));
     (Index == 0 ? selectedSystem().lData1 : selectedSystem().lData2) = value;
   });
@@ -263,6 +270,8 @@ void frmDevice::txtPhone_Change() {
            [this] { selectedSystem().sDataX = m_txtPhone->text(); });
 }
 
+/// The device's first entry follows the text: the first character makes it, and it goes with the
+/// last one.
 void frmDevice::txtData_Change() {
   reported("frmDevice", "txtData_Change", [this] {
     const QString text = m_txtData->text();

@@ -85,7 +85,9 @@ void frmLanInfo::showField(HeaderField field) {
 
 void frmLanInfo::Change(HeaderField field) {
   const FieldRow &row = at(fieldRows, number(field));
+  // The procedure's name is a temporary, which lives as long as this call.
   reported("frmLanInfo", qUtf8Printable(row.box() + QStringLiteral("_Change")), [&] {
+    // The reader has stored the value itself, and only shows it.
     if (LoadingFile)
       return;
     const QString text = at(m_boxes, number(field))->text();

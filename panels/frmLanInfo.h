@@ -11,7 +11,8 @@ namespace vnb {
 
 class TextBox;
 
-/// Edits the head of the file, whatever is selected.
+/// Edits the head of the file, whatever is selected. A file that is opened fills the boxes; a new
+/// LAN leaves them as they are.
 class frmLanInfo : public FormWindow {
 public:
   frmLanInfo();
@@ -26,6 +27,7 @@ public:
 private:
   static constexpr std::size_t fields = 5;
 
+  /// Stores what the box of this field holds; what is no number counts as 0.
   void Change(HeaderField field);
 
   std::array<TextBox *, fields> m_boxes{}; // by HeaderField

@@ -42,6 +42,7 @@ double fraction(int quarters) {
   return quarters / 4.0;
 }
 
+/// Quarters are exact, so that they can be compared. Any other value is "Other:".
 int spotAt(double x, double y) {
   for (std::size_t i = 0; i < spots.size(); ++i)
     if (fraction(spots[i].column) == x && fraction(spots[i].row) == y)
@@ -88,6 +89,7 @@ void frmLinks::addPicker() {
   addFrame(container(), "shpFrame0", {3675, 780, 1140, 1185});
   addFrame(container(), "shpFrame1", {4800, 780, 1500, 1185});
   QLabel *lblPosn = addLabel(container(), "lblPosn", " Link position: ", {3780, 690, 1200, 195});
+  // The label lies over the frame's upper edge.
   lblPosn->setAutoFillBackground(true);
   lblPosn->setBackgroundRole(QPalette::Base);
   for (std::size_t i = 0; i < spots.size(); ++i) {
@@ -150,6 +152,7 @@ void frmLinks::selectionFill() {
   showDevice();
   fillList();
   if (m_lstLinks->rows().empty()) {
+    // As in the design: there is no link to show.
     m_optPosition.button(centre)->setChecked(true);
     m_txtX->setContent(QStringLiteral("0.5"));
     m_txtY->setContent(QStringLiteral("0.5"));
@@ -185,6 +188,7 @@ void frmLinks::lstLinks_Click() {
 }
 
 void frmLinks::PositionSelect(double lX, double lY) {
+  // A button that is turned on counts as picked, and would move the link.
   bSelecting = true;
   reported(
       "frmLinks", "PositionSelect", [&] { m_optPosition.button(spotAt(lX, lY))->setChecked(true); },
@@ -217,6 +221,7 @@ void frmLinks::optPosition_Click(int Index) {
   if (link == nullptr || bSelecting)
     return;
   reported("frmLinks", "optPosition_Click", [&] {
+    // "Other:" takes what the boxes hold, each time: typing alone stores nothing.
     if (Index != other) {
       const auto [column, row] = at(spots, Index);
       m_txtX->setContent(doubleText(fraction(column)));

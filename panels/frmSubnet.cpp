@@ -21,7 +21,8 @@ Images &images() {
   return both;
 }
 
-/// Which systems stand in the valid-subnet list of `lFor`.
+/// Which systems stand in the valid-subnet list of `lFor`, marked in one pass: FindSubnet for each
+/// of them would be quadratic.
 std::vector<bool> listedFor(std::int32_t lFor) {
   std::vector<bool> listed(Systems.size());
   for (std::size_t i = 1; i < Subnets.size(); ++i) {
@@ -38,6 +39,7 @@ std::int32_t moveRow(NumberList &from, NumberList &to) {
   const NumberRow *const picked = from.picked();
   if (picked == nullptr)
     return -1;
+  // A copy, as the row goes.
   const NumberRow moved = *picked;
   to.addRow(moved);
   from.removeRow(from.ListIndex());
@@ -104,6 +106,7 @@ void frmSubnet::selectionFill() {
       continue;
     (at(listed, i) ? subnets : others).push_back({.text = deviceName(i), .number = i});
   }
+  // Before the frames: an error there must not leave the rows of the device before.
   m_lstSubnets->setRows(std::move(subnets));
   m_lstSystems->setRows(std::move(others));
   for (const NumberRow &row : m_lstSubnets->rows())
@@ -128,6 +131,7 @@ void frmSubnet::picRemove_Click() {
   reported("frmSubnet", "picRemove_Click", [this] {
     const std::int32_t lSystem = moveRow(*m_lstSubnets, *m_lstSystems);
     if (lSystem != -1)
+      // The first of them, should a file have it twice.
       RemoveFromSubnetArray(FindSubnet(lSelectedItem, lSystem));
   });
 }

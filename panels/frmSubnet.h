@@ -11,7 +11,8 @@ namespace vnb {
 
 class NumberList;
 
-/// Two lists, and arrows that move a system from one to the other.
+/// Two lists, and arrows that move a system from one to the other. A move changes the document at
+/// once; frames change with the next pick or selection.
 class frmSubnet : public DevicePanel {
 public:
   explicit frmSubnet(const DiagramParts &diagram);
@@ -20,7 +21,8 @@ public:
   /// Also frames the systems on the device's list.
   void selectionFill() override;
 
-  /// Gives the button of this Tag its pictures, if it is one of this form's.
+  /// Gives the button of this Tag its pictures, if it is one of this form's. `files` and what is
+  /// raised are as in LoadButtonImages.
   void loadImages(const QString &tag, const QString &files);
 
 private:

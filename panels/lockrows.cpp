@@ -23,6 +23,7 @@ void LockRows::closeGap(std::int32_t gone) {
     lock.removed = lock.number == gone;
     lock.number -= lock.removed ? 0 : 1;
   }
+  // One signal for all rows: what a view doesn't show it doesn't ask for.
   if (!m_locks.empty())
     Q_EMIT dataChanged(index(m_none), index(rowCount({}) - 1));
 }

@@ -35,6 +35,7 @@ public:
   QVariant data(const QModelIndex &index, int role) const override;
 
 private:
+  /// One that has been removed keeps the number that its row shows.
   struct Lock {
     std::int32_t number;
     bool removed = false;

@@ -28,6 +28,7 @@ SecurityOptions::SecurityOptions(QWidget &parent, Place first) : QObject(&parent
 void SecurityOptions::mark(std::int32_t lSecur) {
   QAbstractButton *option = m_group.button(lSecur - 1);
   if (option == nullptr) {
+    // Else the level of the link before would stand for this one's.
     m_group.clear();
     throw RuntimeError(Fault::ControlArrayElement);
   }

@@ -10,13 +10,14 @@
 
 namespace vnb {
 
-/// `optSecur(0..2)`, captioned 1 to 3.
+/// `optSecur(0..2)`, captioned 1 to 3. A child of the container that it is made in.
 class SecurityOptions : public QObject {
 public:
   /// The first button stands at `first`; the others follow to its right.
   SecurityOptions(QWidget &parent, Place first);
 
-  /// Marks a level, 1 to 3. Raises 340 for any other, and no level is marked then.
+  /// Marks a level, 1 to 3, which is a Click unless it was marked. Raises 340 for any other, and no
+  /// level is marked then.
   void mark(std::int32_t lSecur);
 
   /// The buttons in SecureColor, their digits in its inverse.

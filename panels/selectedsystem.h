@@ -15,7 +15,7 @@ inline std::int32_t selectedNumber() {
   return lSelectedItem;
 }
 
-/// Its record. Raises 9 if none is selected.
+/// Its record, until a system is added or removed. Raises 9 if none is selected.
 inline SystemRec &selectedSystem() {
   return at(Systems, selectedNumber());
 }
