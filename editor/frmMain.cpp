@@ -90,6 +90,8 @@ frmMain::frmMain()
 
 void frmMain::Form_Load() {
   frmSplash &splash = m_forms.get<frmSplash>();
+  // In this order: a theme wipes the grid and gives devices their sizes. Events get a turn behind
+  // each step, for the splash's dots.
   reported(
       "frmMain", "Form_Load",
       [&] {
@@ -136,6 +138,7 @@ void frmMain::closeEvent(QCloseEvent *event) {
 void frmMain::Form_Unload() {
   SaveSettings(m_place);
   m_forms.unload();
+  // No window's end does it by itself.
   QCoreApplication::quit();
 }
 
@@ -180,10 +183,12 @@ void frmMain::openMenu(std::int32_t Index, QPoint global) {
 }
 
 void frmMain::wheelEvent(QWheelEvent *event) {
+  // A wheel that is turned away counts up, and goes up.
   m_viewport.scrollBy(-event->angleDelta() * wheelStep / QWheelEvent::DefaultDeltasPerStep);
 }
 
 void frmMain::Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift) {
+  // The whole state must match: some letters act both with Ctrl and with Alt.
   for (const ToolbarButton &button : toolbarButtons())
     if (button.key == KeyCode && Shift == button.modifier)
       (this->*button.action)();
@@ -248,6 +253,7 @@ void frmMain::picThemes_Click() {
 }
 
 void frmMain::picSettings_Click() {
+  // The sweep of a theme's colours may have made it long ago, with the values of then.
   m_forms.get<frmSettings>().Form_Load();
   m_forms.get<frmSettings>().showModal(this);
   redrawGrid();
@@ -305,6 +311,7 @@ void frmMain::showNoDevice() {
 
 void frmMain::lanCleared() {
   m_gestures.endLinking();
+  // At the start there are no panels yet, and none need be made for a LAN without a selection.
   m_forms.forEachLoaded([](FormWindow &form) {
     if (auto *panel = dynamic_cast<DevicePanel *>(&form))
       panel->showNoDevice();
@@ -314,6 +321,7 @@ void frmMain::lanCleared() {
 }
 
 void frmMain::systemRemoved(std::int32_t lIndex) {
+  // The device that the link started at may be the one that has gone, or have another number.
   m_gestures.endLinking();
   if (auto *panel = m_forms.loaded<frmDevice>())
     panel->systemRemoved(lIndex);

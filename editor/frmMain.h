@@ -22,6 +22,7 @@ public:
   frmMain();
 
   /// Starts the program behind the splash: settings, theme, grid, last file; then shows the window.
+  /// Called once. A No to a fault here leaves it halfway, and the window may stay hidden.
   void Form_Load();
   /// Writes the settings store, as closing the window does.
   void saveSettings() const { SaveSettings(m_place); }
@@ -33,14 +34,19 @@ public:
   const DiagramParts &diagram() const { return m_diagram; }
   FormTable &forms() { return m_forms; }
 
+  /// What the buttons and their keys do. New and Load replace the LAN without asking whether to
+  /// save it; Load does so once a file has been chosen. A save that failed leaves the file name as
+  /// it was.
   void picNew_Click();
   void picLoad_Click();
   void picSave_Click();
+  /// Open a panel, or bring it to the front.
   void picAdd_Click();
   void picInfo_Click();
   void picLink_Click();
   void picDevice_Click();
   void picSubnet_Click();
+  /// Return when the dialog has been closed. Settings draws the grid anew, also after Cancel.
   void picThemes_Click();
   void picSettings_Click();
   void picAbout_Click();
@@ -51,10 +57,12 @@ public:
 
 protected:
   void resizeEvent(QResizeEvent *event) override;
+  /// What falls on the bare form alone, and the wheel wherever nothing else takes it.
   void mousePressEvent(QMouseEvent *event) override;
   void mouseMoveEvent(QMouseEvent *event) override;
   void mouseReleaseEvent(QMouseEvent *event) override;
   void wheelEvent(QWheelEvent *event) override;
+  /// Stores the settings, closes all forms and ends the program.
   void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -66,6 +74,7 @@ private:
   void showPanel(const char *procedure);
 
   bool isBare(QPoint at) const;
+  /// Returns when the menu has closed, and what was picked has run.
   void openMenu(std::int32_t Index, QPoint global);
 
   template <class Visit>
@@ -84,6 +93,7 @@ private:
   bool hasGrid() const override { return m_viewport.picLayout().hasGrid(); }
   void redrawGrid() override;
 
+  /// In the order of making: each works on those above it. The forms go first.
   WindowPlace m_place;
   bool m_pressedBare = false;
   Toolbar m_toolbar;

@@ -117,6 +117,7 @@ void frmToolbox::picPreview_MouseDown(Qt::MouseButton Button, QPoint at, QPoint 
                             .grab = at,
                             .drop =
                                 [this, at](QWidget &target, QPoint place) {
+                                  // First: a drop beside the layout is none to refuse.
                                   if (!m_gestures.takesDrops(target))
                                     return;
                                   if (mayAdd())

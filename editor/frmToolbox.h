@@ -28,6 +28,7 @@ private:
   void cboItem_Click();
   void cmdAdd_Click();
   void picPreview_MouseDown(Qt::MouseButton Button, QPoint at, QPoint global);
+  /// Code of the type that the list shows.
   std::int32_t chosenType() const;
   bool mayAdd() const;
 

@@ -23,6 +23,7 @@ void Gestures::picSystem_MouseDown(std::int32_t Index, Qt::MouseButton Button, Q
           return;
         lDragX = at.x();
         lDragY = at.y();
+        // The drag takes the release, for which the surface would wait in vain.
         m_diagram.surface.releasePointer();
         Drag::instance().begin(
             {.widget = &m_diagram.surface,
@@ -48,6 +49,7 @@ const char *Gestures::dropProcedure(const QWidget &target, QPoint at) const {
 /// A drop on a sprite comes to the same as one on the surface beneath it: its place plus the
 /// sprite's. The form's coordinates are taken for the surface's as they come.
 void Gestures::dropSystem(QWidget &target, QPoint at, std::int32_t Index) {
+  // Ctrl+N in the middle of a drag leaves no device but the router.
   if (!takesDrops(target) || Index > m_diagram.surface.picSystem.UBound())
     return;
   reported("frmMain", dropProcedure(target, at),
@@ -77,6 +79,7 @@ void Gestures::picSystem_DblClick(std::int32_t Index) {
 void Gestures::startLink(std::int32_t Index) {
   const SpriteRect sprite = m_diagram.surface.spriteRect(Index);
   bLinking = true;
+  // Whole pixels: the band inverts what is below it, and leaves traces between two.
   lLinkX = roundToLong(sprite.Left + sprite.Width / 2.0);
   lLinkY = roundToLong(sprite.Top + sprite.Height / 2.0);
   lLinkFrom = Index;
@@ -110,6 +113,7 @@ void Gestures::picSystem_MouseMove(std::int32_t Index, QPoint at) {
   reported("frmMain", "picSystem_MouseMove", [&] {
     m_toolbar.setStatus(deviceName(Index));
     if (bLinking)
+      // Told in pixels of the sprite, and laid in those of the surface.
       moveBand(at + m_diagram.surface.spriteRect(Index).topLeft(), false);
   });
 }

@@ -30,6 +30,7 @@ int keyCode(const QKeyEvent &event) {
 
 Shortcuts::Shortcuts(QWidget &form, std::function<void(int, Qt::KeyboardModifiers)> KeyUp)
     : QObject(&form), m_form(form), m_KeyUp(std::move(KeyUp)) {
+  // On the whole program, as a child with the focus may keep a key from the form.
   qApp->installEventFilter(this);
 }
 

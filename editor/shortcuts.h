@@ -19,6 +19,7 @@ public:
   /// `KeyUp` gets the key and the state of Shift, Ctrl and Alt at the release.
   Shortcuts(QWidget &form, std::function<void(int, Qt::KeyboardModifiers)> KeyUp);
 
+  /// Only looks on: no event is held back.
   bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
@@ -27,6 +28,7 @@ private:
 
   QWidget &m_form;
   std::function<void(int, Qt::KeyboardModifiers)> m_KeyUp;
+  /// Keys that were pressed here and not released yet. None once another window has the keys.
   QSet<int> m_pressed;
 };
 

@@ -33,6 +33,7 @@ extern "C" void wake(int /*signal*/) {
 void handleSignals(void (*handler)(int)) {
   struct sigaction action {};
   action.sa_handler = handler;
+  // Nothing but the event loop is to notice.
   action.sa_flags = SA_RESTART;
   for (const int signal : {SIGTERM, SIGINT, SIGHUP})
     ::sigaction(signal, &action, nullptr);
@@ -59,6 +60,8 @@ Termination::Termination(std::function<void()> end, std::function<void()> save)
     save();
     showMessageBox = ask;
   });
+  // One end can be written to in a signal handler, and the event loop watches the other. Without
+  // them signals do what they do by themselves.
   if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends.data()) != 0)
     return;
   auto *notifier = new QSocketNotifier(ends[1], QSocketNotifier::Read, this);
@@ -83,6 +86,7 @@ void Termination::stop() {
     m_end();
     return QCoreApplication::exit(); // the main window may have been closed already
   }
+  // One a turn: the handler that gets its answer may bring up another.
   if (QWidget *dialog = dialogOnTop())
     dialog->close();
   QTimer::singleShot(turn, this, [this] { stop(); });

@@ -15,6 +15,8 @@ namespace vnb {
 /// waits within a handler while the program ends. One of its kind at a time.
 class Termination : public QObject {
 public:
+  /// `end` is called while no handler waits. `save` may be called more than once, since the end of
+  /// a session can be called off.
   Termination(std::function<void()> end, std::function<void()> save);
   ~Termination() override;
   Termination(const Termination &) = delete;
@@ -23,6 +25,7 @@ public:
   bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
+  /// Cancels what is up, the topmost first, and comes again until nobody waits; then ends.
   void stop();
 
   std::function<void()> m_end;

@@ -35,18 +35,22 @@ std::span<const ToolbarButton> toolbarButtons();
 /// `picToolbar`, docked to the top of the main window.
 class Toolbar : public QWidget {
 public:
+  /// Pixels, with the line along its lower edge.
   static constexpr int height = 29;
 
   /// `click` runs the action of the button with that number.
   Toolbar(QWidget *parent, std::function<void(std::size_t)> click);
 
+  /// Shows `text` behind the last button; an empty one clears the line.
   void setStatus(const QString &text);
-  /// Gives the button of this Tag its pictures: three paths as LoadButtonImages takes them.
+  /// Gives the button of this Tag its pictures: three paths as LoadButtonImages takes them. A Tag
+  /// of no button is passed over.
   void loadImages(const QString &tag, const QString &files);
   void UpdateColors();
 
 protected:
   void paintEvent(QPaintEvent *event) override;
+  /// Between the buttons the status line is empty.
   void mouseMoveEvent(QMouseEvent *event) override;
 
 private:

@@ -46,6 +46,7 @@ void WindowPlace::moveOnScreen(QPoint corner) {
 }
 
 void WindowPlace::show() {
+  // Before it shows, so that it doesn't jump.
   if (m_left && m_top)
     moveOnScreen({*m_left, *m_top});
   m_window.show();

@@ -18,13 +18,17 @@ public:
   /// The place of `window`; `view` takes the theme.
   WindowPlace(QWidget &window, EditorView &view) : m_window(window), m_view(view) {}
 
+  /// Kept until the window is shown.
   void setLeft(std::int32_t lLeft) override;
   void setTop(std::int32_t lTop) override;
+  /// The frame's corner as it stands now.
   double Left() const override;
   double Top() const override;
   void LoadTheme(const QString &sFileName) override;
 
-  /// Shows the window at its stored place, or where its title bar can be taken hold of.
+  /// Shows the window at its stored place, or where its title bar can be taken hold of. Where one
+  /// edge alone is stored, the window system places the other; it is given half a second for that,
+  /// during which events run.
   void show();
 
 private:
