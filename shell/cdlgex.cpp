@@ -14,7 +14,8 @@ CdlgEx Cdlg;
 
 namespace {
 
-/// A folder in which the user can keep files.
+/// A folder in which the user can keep files. That of a program in the user's own folder is one,
+/// that of an installed program isn't.
 QString ownFolder() {
   for (const QString &folder :
        {QCoreApplication::applicationDirPath(),

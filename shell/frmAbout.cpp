@@ -83,6 +83,7 @@ void frmAbout::picButton_Click(std::size_t Index) {
     if (!open)
       return;
     m_picButton[Index]->setSelected(true);
+    // Anew each time, which also goes back to the first line.
     m_txtAbout->setPlainText(aboutText(static_cast<int>(Index)));
   });
 }

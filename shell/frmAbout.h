@@ -26,6 +26,7 @@ protected:
 private:
   void addButtons();
   void picButton_Click(std::size_t Index);
+  /// Shows the text of a page, or the logo.
   void showPage(bool page);
 
   std::array<PageButton *, 3> m_picButton{};

@@ -52,6 +52,7 @@ void frmSplash::paintEvent(QPaintEvent *event) {
 }
 
 void frmSplash::closeEvent(QCloseEvent *event) {
+  // Not the base's, which would destroy the form.
   event->accept();
 }
 

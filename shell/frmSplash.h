@@ -22,6 +22,7 @@ protected:
   void paintEvent(QPaintEvent *event) override;
   /// Only hides it: it stays to the end of the process.
   void closeEvent(QCloseEvent *event) override;
+  /// Takes no key, so that Escape doesn't close it.
   void keyPressEvent(QKeyEvent * /*event*/) override {}
 
 private:

@@ -37,6 +37,7 @@ public:
         file.openForInput(m_path);
         m_values = readIni(file.readAll());
       } catch (const RuntimeError &error) {
+        // At the first start there is none.
         if (error.number() != static_cast<std::int32_t>(Fault::FileNotFound))
           throw;
       }
@@ -55,6 +56,7 @@ public:
     return telling(key, [&] { return CLng(text(key, QString::number(standard)).toStdString()); });
   }
   bool truth(const char *key, bool standard) const {
+    // A word in any case, or else a number, of which 0 is false.
     const QString value = text(key, truthText(standard));
     for (const bool truth : {true, false})
       if (value.compare(truthText(truth), Qt::CaseInsensitive) == 0)
@@ -69,9 +71,11 @@ public:
   /// Puts all values into the file at once, whatever may happen meanwhile. A new one is for its
   /// user alone.
   void write() const {
+    // A new user may have no such folder yet.
     QDir().mkpath(QFileInfo(m_path).path());
     const bool isNew = !QFileInfo::exists(m_path);
     const QByteArray bytes = iniText(m_values);
+    // It is written beside the old one, which stays if anything cuts this off.
     QSaveFile file(m_path);
     bool done = file.open(QIODevice::WriteOnly);
     if (done && isNew)
@@ -114,6 +118,7 @@ void LoadSettings(SettingsView &view) {
   const Report report("frmMain", "LoadSettings");
   Store store;
   view.settingsLeftOut = false;
+  // What a fault leaves out counts, whatever the answer: saving would replace it.
   const auto reads = [&](const auto &statement) {
     bool done = false;
     const bool goOn = report([&] {

@@ -14,6 +14,7 @@ public:
   SettingsView &operator=(const SettingsView &) = delete;
   virtual ~SettingsView() = default;
 
+  /// Only called for a place that the store holds.
   virtual void setLeft(std::int32_t lLeft) = 0;
   virtual void setTop(std::int32_t lTop) = 0;
   virtual double Left() const = 0;
@@ -26,15 +27,17 @@ public:
 };
 
 /// Reads the store once, at start: VNB.ini in the user's configuration folder, a regular file of at
-/// most 1 MiB. Any error goes to the standard error report; No leaves the remaining values as they
-/// are.
+/// most 1 MiB. Where there is none, or it lacks a key, the standard counts. The theme is loaded
+/// before the colours are read: the user's own win over its. Any error goes to the standard error
+/// report; No leaves the remaining values as they are.
 void LoadSettings(SettingsView &view);
 
-/// Writes every key, once, at shutdown. A store that can't be read or written is reported and left
-/// alone; where LoadSettings could not read all of it, the user is asked first.
+/// Writes every key, once, at shutdown; keys of others stay. A store that can't be read or written
+/// is reported and left alone; where LoadSettings could not read all of it, the user is asked
+/// first.
 void SaveSettings(const SettingsView &view);
 
-/// Position that stands for none.
+/// Position in twips that stands for none: no screen reaches there.
 inline constexpr std::int32_t noPosition = -1000000;
 
 } // namespace vnb

@@ -8,7 +8,8 @@
 
 namespace vnb {
 
-/// A box filled with a colour, with a border, that is clicked to change it.
+/// A box filled with a colour, with a border. A click is its owner's to answer, who asks for
+/// another colour and sets it.
 class Swatch : public QAbstractButton {
 public:
   explicit Swatch(QWidget *parent) : QAbstractButton(parent) {}

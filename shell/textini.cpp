@@ -58,7 +58,8 @@ IniValues readIni(const QByteArray &bytes) {
   return values;
 }
 
-/// Keys of no section come first: behind a section's line they would be its own.
+/// Keys of no section come first: behind a section's line they would be its own. The map is sorted,
+/// so that those of one section stand together.
 QByteArray iniText(const IniValues &values) {
   QString text;
   QString last;
