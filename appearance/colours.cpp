@@ -51,6 +51,7 @@ void applyColours(QWidget &form) {
   form.setPalette(palette(background, toQColor(TextColor), background));
   const QPalette controls = controlPalette();
   for (QWidget *control : form.findChildren<QWidget *>())
+    // A window among them is a dialog, or the list of a drop-down box, whose turn comes below.
     if (!control->isWindow())
       control->setPalette(controls);
   for (const QComboBox *box : form.findChildren<QComboBox *>())

@@ -9,11 +9,11 @@
 
 namespace vnb {
 
-/// The general sweep: BackgroundColor and TextColor for the form and all its controls. What differs
-/// comes after it.
+/// The general sweep: BackgroundColor and TextColor for the form and all its controls, but for no
+/// dialog over it. What differs comes after it.
 void applyColours(QWidget &form);
 
-/// Gives the text of one control another colour.
+/// Gives the text of one control another colour, until the next sweep.
 void setForeground(QWidget &control, Colour colour);
 
 /// Palette of controls in the theme's colours, with borders that can be seen.

@@ -17,7 +17,7 @@ public:
   EditorView &operator=(const EditorView &) = delete;
   virtual ~EditorView() = default;
 
-  /// LinkColor is new: all lines and the rubber band take it.
+  /// LinkColor is new: all lines and the rubber band take it, a picked line too.
   virtual void linkColorChanged() {}
   /// The colours are new: every form takes them, whether it shows or not.
   virtual void UpdateColors() {}
@@ -31,13 +31,14 @@ public:
   virtual bool hasGrid() const { return false; }
   virtual void redrawGrid() {}
 
-  /// A device has been selected: the panels are filled for it.
+  /// lSelectedItem is a new device, or has been selected again: the panels are filled for it.
   virtual void deviceSelected() {}
   /// No device is selected any more.
   virtual void showNoDevice() {}
-  /// System `lIndex` has been removed, and higher numbers have closed up.
+  /// System `lIndex` has been removed, and higher numbers have closed up. Lines still lie as they
+  /// did.
   virtual void systemRemoved(std::int32_t /*lIndex*/) {}
-  /// The LAN is a new, empty one.
+  /// The LAN is a new, empty one, and is drawn as such.
   virtual void lanCleared() {}
   /// There are other locks than the lock boxes list.
   virtual void PopulateLockBoxes() {}

@@ -31,6 +31,7 @@ public:
     } catch (const RuntimeError &) {
       ThemeFile = m_file; // none at all was taken for the name of a folder
     }
+    // The user's own, over which the theme has put its.
     for (std::size_t i = 0; i < m_colours.size(); ++i)
       *colourRows[i].colour = m_colours[i];
     view.linkColorChanged();
@@ -87,6 +88,7 @@ frmThemes::frmThemes(EditorView &view)
 
 void frmThemes::Form_Load() {
   m_lstThemes->setRows({});
+  // Hidden ones as well: a theme's folder may begin with a point.
   QDirIterator entries(themesFolder(), QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
   if (!entries.hasNext())
     return;
@@ -159,6 +161,7 @@ void frmThemes::cmdSwitch_Click() {
     LoadTheme(themePath(selected()), m_view); // its name alone may be taken for a path
   } catch (const RuntimeError &error) {
     earlier.restore(m_view);
+    // After going back, so that the box already has the look in force.
     tell(QStringLiteral("The theme \"%1\" can't be loaded.\n%2")
              .arg(selected(), error.description()));
   }

@@ -17,6 +17,7 @@ class frmThemes : public FormWindow {
 public:
   /// `view` takes the themes.
   explicit frmThemes(EditorView &view);
+  /// Lists the folders, whatever is in them, and picks the theme in force.
   void Form_Load() override;
   void UpdateColors() override;
 

@@ -15,9 +15,12 @@ namespace vnb {
 /// A colour value: hexadecimal 00BBGGRR, red in the low byte.
 using Colour = std::int32_t;
 
+/// Of the surface and what is marked on it. These seven are the user's to change.
 extern Colour GridColor, LinkColor, LinkSelColor, LockColor, SelectedColor, SubnetColor,
     SubnetSelColor;
+/// Of windows and controls. RedTextColor is for texts that stand out.
 extern Colour SeparatorColor, BackgroundColor, TextColor, RedTextColor;
+/// By security level less 1.
 extern std::array<Colour, 3> SecureColor;
 
 /// All that there is to know of a colour above. The user may change those that have a store key.
@@ -53,13 +56,16 @@ inline constexpr std::array colourRows{
 /// The rows of the colours that the user may change.
 inline constexpr auto userColours = std::span(colourRows).first<7>();
 
+/// Whether there is a grid at the start and after a change of settings.
 extern bool ShowGrid;
 /// Distance of the grid lines in pixels; none are drawn at 0 or below.
 extern std::int32_t GridRes;
+/// Whether the start opens the file that was open last.
 extern bool LoadLastFile;
 
 /// `colour` as Qt has it; bits above the 24 of the colour are left aside.
 QColor toQColor(Colour colour);
+/// Back again; how opaque it is gets lost.
 Colour toColour(const QColor &colour);
 
 } // namespace vnb

@@ -51,6 +51,7 @@ QPixmap onBlack(const QPixmap &picture) {
   if (picture.isNull() || !picture.hasAlphaChannel())
     return picture;
   QImage opaque(picture.size(), QImage::Format_RGB32);
+  // Else a sharp picture would show twice as large.
   opaque.setDevicePixelRatio(picture.devicePixelRatio());
   opaque.fill(Qt::black);
   QPainter(&opaque).drawPixmap(0, 0, picture);

@@ -20,7 +20,8 @@ struct ButtonImageSet {
 };
 
 /// Picture of a device type, opaque; that of type 0 is empty for good, and so are all but the
-/// router's, which is built in, until the first load. Raises 9 for a code above 16 or below 0.
+/// router's, which is built in, until the first load. Raises 9 for a code above 16 or below 0. The
+/// next load changes what the reference refers to.
 const QPixmap &DeviceImages(std::int32_t lType);
 
 /// How a device is shown.
@@ -29,7 +30,7 @@ struct DeviceLook {
   QSize size{48, 32}; // pixels: of the picture, or of the blank area where there is none
 };
 
-/// The looks of all device types, by code.
+/// The looks of all device types, by code. A loop over devices makes one and asks it for each.
 class DeviceLooks {
 public:
   DeviceLooks();
@@ -51,8 +52,8 @@ QString listedPath(const QString &path);
 /// ownError unless there are three fields, and what LoadPicture raises.
 void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files);
 
-/// Fills DeviceImages 1 to 16 from sixteen paths in the same form. Stops at the first picture that
-/// can't be loaded; those of lower types are then done.
+/// Fills DeviceImages 1 to 16 from sixteen paths in the same form, and raises the same. Stops at
+/// the first picture that can't be loaded; those of lower types are then done.
 void LoadDeviceImages(const QString &files);
 
 /// Shows Off if `up`, Down otherwise.

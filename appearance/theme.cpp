@@ -102,6 +102,7 @@ void readColours(const XmlElement &entries, EditorView &view) {
     if (row == colourRows.size() || !colour)
       continue;
     *colourRows[row].colour = ParseColor(*colour);
+    // Lines hold a copy of it, which no sweep of the forms reaches.
     if (colourRows[row].colour == &LinkColor)
       view.linkColorChanged();
   }
@@ -201,6 +202,7 @@ void LoadTheme(const QString &sFileName, EditorView &view) {
   ThemeFile = fullPath ? sFileName : themePath(sFileName);
   ThemeName = nameOf(ThemeFile);
   const XmlDocument ThemeDoc = about(ThemeFile, [] { return XmlDocument(ThemeFile); });
+  // All three are asked for before anything changes.
   const XmlElement &colours = section(ThemeDoc.root(), QLatin1String("COLORS"));
   const XmlElement &buttons = section(ThemeDoc.root(), QLatin1String("BUTTONS"));
   const XmlElement &devices = section(ThemeDoc.root(), QLatin1String("DEVICES"));

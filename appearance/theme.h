@@ -22,7 +22,7 @@ QString themePath(const QString &name);
 /// Loads a theme by the name of its folder or the full path of its theme.xml: colours first, then
 /// the forms, then the pictures. A colour that the theme leaves out stays, a picture goes back to
 /// the built-in one. Raises what is wrong with the file or an image, and stops there; what was done
-/// so far stands.
+/// so far stands. A fault of the file itself changes nothing but ThemeFile and ThemeName.
 void LoadTheme(const QString &sFileName, EditorView &view);
 
 /// A colour of the form #RRGGBB. The first character isn't looked at, a pair counts as far as it
