@@ -52,6 +52,7 @@ QAccessibleInterface *interfaceOf(const QString &className, QObject *object) {
   if (auto *picture = dynamic_cast<PictureBox *>(object))
     return new QAccessibleWidget(picture, QAccessible::Graphic);
   auto *widget = qobject_cast<QWidget *>(object);
+  // Forms have no meta-object, so Qt knows them by the name of their base.
   if (widget != nullptr && widget->isWindow() && className == u"QWidget")
     return new FormAccessible(widget);
   return nullptr;

@@ -16,6 +16,7 @@ void place(QWidget &control, Place at) {
   // A line of text sits at the middle of its control, which grows in both directions.
   constexpr int oneLine = 26;
   const int flat = hint.height() - room.height();
+  // Whatever is higher isn't one line: a list, a page, a picture.
   if (flat > 0 && room.height() < oneLine)
     room.adjust(0, -flat / 2, 0, flat - flat / 2);
   control.setGeometry(room);

@@ -15,10 +15,12 @@ struct Place {
 };
 
 /// Sets a control's place within its parent. A text that is longer than its room in the font at
-/// hand gets more: to the right, or to the left if it is aligned to the right.
+/// hand gets more: to the right, or to the left if it is aligned to the right. A control of one
+/// line that is too low for its font grows up and down alike, so that a row stays level.
 void place(QWidget &control, Place at);
 
-/// Adds a control of type `T`, named as given, to a form or container.
+/// Adds a control of type `T`, named as given, to a form or container, which owns it. Further
+/// arguments go to its constructor.
 template <class T, class... Arguments>
 T *add(QWidget &parent, QAnyStringView name, Arguments &&...arguments) {
   auto *control = new T(&parent, std::forward<Arguments>(arguments)...);
@@ -47,7 +49,8 @@ T *addCaptioned(QWidget &parent, QAnyStringView name, QAnyStringView caption, Pl
 QLabel *addLabel(QWidget &parent, QAnyStringView name, QAnyStringView text, Place at,
                  Qt::Alignment alignment = Qt::AlignLeft);
 
-/// Names `control` for assistive technology after the text of its label, and ties it to the label.
+/// Names `control` for assistive technology after the text of its label, less the colon, and ties
+/// it to the label.
 void nameAfter(QWidget &control, QLabel &label);
 
 } // namespace vnb

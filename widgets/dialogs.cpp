@@ -71,6 +71,7 @@ public:
     // The desktop's own dialog, which this one only stands for, has asked already.
     if (ask && !testAttribute(Qt::WA_DontShowOnScreen) && !mayBeWritten())
       return;
+    // So that Qt doesn't ask a second time; the next try is asked about again.
     setOption(DontConfirmOverwrite);
     QFileDialog::accept();
     setOption(DontConfirmOverwrite, !ask);
@@ -79,6 +80,7 @@ public:
 private:
   bool mayBeWritten() const {
     const QFileInfo file(selectedFiles().value(0));
+    // A folder is gone into, not replaced.
     if (!file.exists() || file.isDir())
       return true;
     return showMessageBox({.title = windowTitle(),
@@ -116,6 +118,7 @@ std::optional<QString> showQtFileDialog(const FileDialog &request) {
 }
 
 std::optional<QRgb> showQtColourDialog(const ColourDialog &request) {
+  // Qt would bring back those of the dialog before.
   for (int i = 0; i < QColorDialog::customCount(); ++i)
     QColorDialog::setCustomColor(i, Qt::white);
   const Shown<QColorDialog> dialog(QColor::fromRgb(request.start), request.owner);

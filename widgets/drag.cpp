@@ -19,6 +19,7 @@ public:
                              Qt::BypassWindowManagerHint) {
     setAttribute(Qt::WA_ShowWithoutActivating);
     resize(size);
+    // A mask, since only a compositor could make it see-through.
     setMask(QRegion(rect()) - rect().adjusted(1, 1, -1, -1));
   }
 
@@ -74,6 +75,7 @@ void Drag::begin(DragSource source, QPoint global) {
   connect(m_widget, &QObject::destroyed, this, &Drag::cancel);
   m_outline = std::make_unique<Outline>(m_source.size);
   moveOutline(global);
+  // There no program can place a window, so an outline wouldn't follow.
   if (!isWayland())
     m_outline->show();
   qApp->installEventFilter(this);
@@ -121,6 +123,7 @@ bool Drag::mouseEvent(QObject *object, const QMouseEvent &event) {
   // The same event is seen at the window and at the control; the control's counts.
   if (!object->isWidgetType())
     return false;
+  // Other buttons neither drop nor end it; a move without the left one tells of a lost release.
   if (event.type() == QEvent::MouseButtonRelease && event.button() == Qt::LeftButton)
     finish(event);
   else if (event.type() == QEvent::MouseMove && (event.buttons() & Qt::LeftButton) == 0)
@@ -131,6 +134,7 @@ bool Drag::mouseEvent(QObject *object, const QMouseEvent &event) {
 }
 
 void Drag::finish(const QMouseEvent &event) {
+  // Copies, as the drag is over before the drop is told.
   const DragSource source = m_source;
   const QPointer<QWidget> widget = m_widget;
   cancel();

@@ -21,20 +21,24 @@ struct DragSource {
   QSize size;                // of the outline, in pixels
   QPoint grab;               // of the pointer within it
   /// Gets the drop: the control under the pointer, the source itself included, and the place in it.
+  /// The drag is over by then, so a box may be shown or another drag begun.
   std::function<void(QWidget &target, QPoint at)> drop;
 };
 
-/// The one drag that can be on. From begin() to the release of the left button it takes all pointer
-/// events: no release or click reaches the source. It ends without a drop by Escape, when the
-/// button turns out to be up, when a box is opened over the source, and when the source is hidden
-/// or gone.
+/// The one drag that can be on. From begin() to the release of the left button it takes every
+/// press, move and release of the pointer, so that none reaches the source; the wheel goes on to
+/// scroll. It ends without a drop by Escape, when the button turns out to be up, when a box is
+/// opened over the source, and when the source is hidden or gone.
 class Drag : public QObject {
 public:
+  /// Lives as long as the application object.
   static Drag &instance();
 
-  /// To be called in the handler of the press. `global`: the pointer's place on the screen.
+  /// To be called in the handler of the press, and ends any drag before it. `global`: the pointer's
+  /// place on the screen.
   void begin(DragSource source, QPoint global);
   bool isActive() const { return m_active; }
+  /// Ends a drag without a drop; nothing happens where none is on.
   void cancel();
 
   bool eventFilter(QObject *object, QEvent *event) override;

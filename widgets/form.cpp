@@ -52,6 +52,7 @@ FormWindow::FormWindow(const char *name, const char *caption, QSize client) {
   setWindowTitle(QString::fromLatin1(caption));
   setFont(formFont(8.25));
   setFixedSize(pixels(client.width()), pixels(client.height()));
+  // One for all forms, and another for the next application object.
   static QPointer<QObject> commands;
   if (!commands)
     qApp->installEventFilter(commands = new CommandKeys(qApp));
@@ -90,16 +91,19 @@ void FormWindow::closeEvent(QCloseEvent *event) {
 
 void FormWindow::retire() {
   hide();
+  // What is queued reaches hidden controls, but none that is disabled.
   setEnabled(false);
   if (m_retired)
     m_retired();
   if (m_modalLoop != nullptr)
     m_modalLoop->quit();
+  // A handler of one of its own controls may be what closes it.
   deleteLater();
 }
 
 void FormWindow::keyPressEvent(QKeyEvent *event) {
   const int key = event->key();
+  // Enter turns no check box or option: the space bar does.
   const bool enter = (key == Qt::Key_Return || key == Qt::Key_Enter) && !event->isAutoRepeat();
   auto *button = qobject_cast<QAbstractButton *>(focusWidget());
   if (key == Qt::Key_Escape)

@@ -22,12 +22,14 @@ public:
   /// `caption` is the title, `client` the size of the client area in twips.
   FormWindow(const char *name, const char *caption, QSize client);
 
-  /// Shows the form above `owner`, which stays usable. Without a task bar entry.
+  /// Shows the form above `owner`, which stays usable, and gives it the keys, also when it shows
+  /// already. Without a task bar entry.
   void showOwned(QWidget *owner);
-  /// Shows the form and returns when it is closed; other windows are inert meanwhile.
+  /// Shows the form and returns when it is closed; other windows are inert meanwhile. It stands at
+  /// the centre of `owner`, or without one where the window manager puts it.
   void showModal(QWidget *owner);
 
-  /// Brings a form that has just been made to the program's state.
+  /// Brings a form that has just been made to the program's state. The table calls it once.
   virtual void Form_Load() {}
   /// Takes the theme's colours. Only a form that takes part in theming has one of its own.
   virtual void UpdateColors() {}
@@ -42,7 +44,7 @@ private:
   friend class FormTable;
 
   /// Ends the form: it takes no input any more, not even what is queued, and goes with the next
-  /// turn of the event loop.
+  /// turn of the event loop. Whoever waits in showModal goes on.
   void retire();
 
   std::function<void()> m_retired; // the next one that is addressed is another one

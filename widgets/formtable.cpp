@@ -13,6 +13,7 @@ FormTable::FormTable(const std::vector<Row> &rows) {
 
 FormTable::~FormTable() {
   for (const Slot &slot : m_slots)
+    // At once: the event loop may have ended for good.
     delete slot.form;
 }
 
@@ -26,6 +27,7 @@ FormTable::Slot &FormTable::slot(std::type_index type) {
 
 FormWindow &FormTable::form(Slot &slot) {
   if (!slot.form) {
+    // In its place before it is loaded: loading may address it.
     slot.form = slot.row.make();
     slot.form->m_retired = [&slot] { slot.form = nullptr; };
     slot.form->Form_Load();

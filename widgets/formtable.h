@@ -38,7 +38,8 @@ public:
   FormTable(const FormTable &) = delete;
   FormTable &operator=(const FormTable &) = delete;
 
-  /// The form, made and loaded now if it isn't there.
+  /// The form, made and loaded now if it isn't there. A form without a row is a slip in the
+  /// program: std::logic_error.
   template <class T>
   T &get() {
     return static_cast<T &>(form(slot(typeid(T))));
@@ -60,7 +61,7 @@ public:
   /// Every form with a theme's colours takes them; one that isn't there yet is made by that.
   void UpdateColors();
 
-  /// Closes all forms.
+  /// Closes all forms. Each goes with the next turn of the event loop, and can be addressed anew.
   void unload();
 
 private:

@@ -27,6 +27,7 @@ void OptionGroup::raise(int id) {
 }
 
 void OptionGroup::clear() {
+  // A group that is exclusive keeps one on.
   setExclusive(false);
   for (QAbstractButton *option : buttons())
     option->setChecked(false);

@@ -13,7 +13,7 @@ class OptionGroup : public QButtonGroup {
 public:
   OptionGroup();
 
-  /// Turns every option off.
+  /// Turns every option off, which is no Click.
   void clear();
 
   /// An option was turned on, or the user has picked the one that is on; `id` is its own.

@@ -22,6 +22,7 @@ PictureButton::PictureButton(QWidget *parent, const QString &tag)
     : QWidget(parent), m_tag(tag), m_picture(LoadResPicture(tag)) {
   installFormAccess();
   setMouseTracking(true);
+  // A click leaves the keys where they are.
   setFocusPolicy(Qt::TabFocus);
 }
 

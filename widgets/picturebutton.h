@@ -14,14 +14,17 @@ namespace vnb {
 /// dialog takes the pointer away, which is a release outside.
 class PictureButton : public QWidget {
 public:
-  /// Shows the built-in bitmap `tag` until it is given another picture.
+  /// Shows the built-in bitmap `tag` until it is given another picture. Raises 326 if there is
+  /// none.
   PictureButton(QWidget *parent, const QString &tag);
 
-  /// Base name of its built-in bitmaps.
+  /// Base name of its built-in bitmaps: TAG at rest, TAG_C pressed, and TAG_H, which nothing shows.
   const QString &Tag() const { return m_tag; }
+  /// The button keeps its size.
   void setPicture(const QPixmap &picture);
   QSize sizeHint() const override;
 
+  /// None need be set. MouseMove runs whether or not a button is held.
   std::function<void()> MouseDown, MouseUp, MouseMove, Click;
 
 protected:

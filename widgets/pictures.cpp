@@ -71,6 +71,7 @@ QPixmap LoadPicture(const QString &path) {
   const Variant chosen = variant(path);
   QImageReader reader(chosen.path);
   const QSize size = reader.size();
+  // Before reading, as a small file can claim a size for which there is no memory.
   if (size.width() > largest || size.height() > largest)
     throw RuntimeError(ownError,
                        QStringLiteral("The picture is larger than %1 by %1 pixels.").arg(largest))

@@ -34,6 +34,7 @@ public:
   State validate(QString &input, int &pos) const override {
     const QString mended = input == m_box.m_given ? held(input) : oneLine(held(input));
     if (mended != input) {
+      // Pairs in front of the cursor are single characters now.
       pos = static_cast<int>(held(input.first(pos)).size());
       input = mended;
     }
@@ -46,6 +47,7 @@ private:
 };
 
 TextBox::TextBox(QWidget *parent, int limit) : QLineEdit(parent), m_limit(limit) {
+  // Qt's own limit would cut what the program gives.
   setMaxLength(std::numeric_limits<int>::max());
   setValidator(new Entry(*this));
   connect(this, &QLineEdit::textChanged, this, &TextBox::noteState);
@@ -53,6 +55,7 @@ TextBox::TextBox(QWidget *parent, int limit) : QLineEdit(parent), m_limit(limit)
 }
 
 void TextBox::setContent(const QString &text) {
+  // Known first, since the validator lets this text pass.
   m_given = held(text);
   setText(text);
   // A long text shows from its start.

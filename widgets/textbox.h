@@ -15,10 +15,12 @@ class TextBox : public QLineEdit {
 public:
   static constexpr int noLimit = std::numeric_limits<int>::max();
 
-  /// `limit`: characters that can be typed or pasted.
+  /// `limit`: characters that can be typed or pasted. A text of the program's that is longer stays,
+  /// and can be shortened.
   explicit TextBox(QWidget *parent, int limit = noLimit);
 
-  /// Sets the text by the program, whatever its length.
+  /// Sets the text by the program, whatever its length. A box without the focus shows its
+  /// beginning.
   void setContent(const QString &text);
 
 protected:
