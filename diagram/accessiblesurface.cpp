@@ -96,6 +96,7 @@ protected:
 private:
   static void act(Surface &surface, std::int32_t number, const QString &action) {
     SurfaceEvents *events = surface.events;
+    // When its turn comes, the device may have gone.
     if (events == nullptr || number > surface.picSystem.UBound())
       return;
     const SpriteRect sprite = surface.spriteRect(number);
@@ -163,10 +164,12 @@ public:
     return -1;
   }
   QAccessibleInterface *childAt(int x, int y) const override {
+    // Beside all sprites that is number -1, which is no child.
     return child(m_surface.spriteAt(m_surface.mapFromGlobal(QPoint(x, y))));
   }
 
 private:
+  /// Kept also while a number is free: whoever holds one finds it invalid, not gone.
   using Made = QHash<std::int32_t, QAccessible::Id>;
 
   int devices() const { return m_surface.picSystem.UBound() + 1; }

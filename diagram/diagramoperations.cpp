@@ -40,6 +40,7 @@ void DiagramOperations::AddSystem(std::int32_t lType, std::int32_t lX, std::int3
   const std::int32_t lIndex = UBound(Systems);
   if (m_surface.picSystem.UBound() >= lIndex)
     return; // there was no memory for the record
+  // Emptied, as element 0 may be highlighted.
   if (!reported("frmMain", "AddSystem", [&] { m_surface.picSystem.Load(lIndex) = {}; })) {
     setGaveUp(true);
     return;
@@ -87,6 +88,7 @@ void DiagramOperations::AddLink(std::int32_t lFrom, double lFromX, double lFromY
   Line &line = m_surface.lneLink(lIndex);
   line.BorderColor = LinkColor;
   reported(
+      // As in layEnds, one statement a coordinate.
       "frmMain", "AddLink", [&] { line.X1 = endX(m_surface.spriteRect(lFrom), lFromX); },
       [&] { line.X2 = endX(m_surface.spriteRect(lTo), lToX); },
       [&] { line.Y1 = endY(m_surface.spriteRect(lFrom), lFromY); },
@@ -113,6 +115,7 @@ void DiagramOperations::RefreshLinks(std::int32_t lIndex) {
   const Report report("frmMain", "RefreshLinks");
   const std::vector<std::int32_t> links = RetrieveLinks(lIndex);
   for (std::size_t i = 1; i < links.size(); ++i) {
+    // Links are in ascending order: those behind one without a line have none either.
     if (links[i] > m_surface.lneLink.UBound())
       return;
     Line &line = m_surface.lneLink(links[i]);
@@ -144,6 +147,7 @@ void DiagramOperations::layAllLines(const Report &report) {
   for (std::int32_t i = 0; i <= lneLink.UBound(); ++i) {
     if (!layEnds(report, lneLink(i), link(i), true, true))
       return;
+    // Element 0 takes part and stays hidden.
     lneLink(i).Visible = i > 0;
   }
 }
@@ -157,6 +161,7 @@ void DiagramOperations::RemoveLink(std::int32_t lIndex, bool bSuppressReorder) {
 void DiagramOperations::RemoveSystem(std::int32_t lIndex) {
   DocumentOperations::RemoveSystem(lIndex);
   ControlArray<Sprite> &picSystem = m_surface.picSystem;
+  // Sprites hold no place and no type, so the top one may go in place of any.
   while (picSystem.UBound() > UBound(Systems))
     picSystem.Unload(picSystem.UBound());
   m_surface.update();

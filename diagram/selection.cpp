@@ -22,6 +22,8 @@ void Selection::wipe(std::int32_t lIndex) {
   m_surface.picSystem(lIndex).layer = {};
 }
 
+/// Takes off the frames that have lost their reason, but those of the selected device and of
+/// `lIndex`, which is framed next.
 void Selection::wipeLoose(std::int32_t lIndex) {
   std::erase_if(m_loose, [&](std::int32_t i) {
     if (i == lIndex || i == lSelectedItem)
@@ -36,6 +38,7 @@ void Selection::frame(std::int32_t lIndex, Colour lColour, bool withNumber) {
   Sprite &sprite = m_surface.picSystem(lIndex);
   const QSize size = m_surface.spriteRect(lIndex).size();
   const bool lock = at(Systems, lIndex).lType == SystemType::Lock;
+  // A lock that is only named by something is dotted; in SelectedColor it looks like the others.
   const bool thin = lock && lColour != SelectedColor;
   sprite.layer = {.colour = lColour,
                   .width = static_cast<std::int16_t>(size.width()),
@@ -51,12 +54,14 @@ void Selection::frame(std::int32_t lIndex, Colour lColour, bool withNumber) {
 void Selection::SelectItem(std::int32_t lIndex, Colour lColour, bool bDoNotSelect) {
   const Report report("frmMain", "SelectItem");
   const bool framed = report([&] {
+                        // A selection wipes them with all others, further down.
                         if (bDoNotSelect)
                           wipeLoose(lIndex);
                       }) &&
                       report([&] { frame(lIndex, lColour, !bDoNotSelect); });
   if (!framed || bDoNotSelect)
     return;
+  // The number first: the device that has it keeps its frame.
   report([&] { lSelectedItem = lIndex; }) && report([&] { ClearAllHilites(); }) &&
       report([&] { ClearLinkHilites(); }) && report([&] { m_view.deviceSelected(); });
 }
@@ -81,6 +86,7 @@ void Selection::showLock(std::int32_t box, std::int32_t lIndex) {
   if (lIndex == -1)
     return;
   SelectItem(lIndex, LockColor, true);
+  // With a reason it outlasts the next highlight.
   m_surface.picSystem(lIndex).Tag = yellowTag(box);
 }
 

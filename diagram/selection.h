@@ -18,9 +18,12 @@ public:
   /// device and the panels are filled for it. Failures go to the standard error report.
   void SelectItem(std::int32_t lIndex, Colour lColour, bool bDoNotSelect);
 
+  /// Takes off all highlights, and leaves the panels without a device. Nothing happens where none
+  /// is selected.
   void Deselect();
 
-  /// Lock box `box` names system `lIndex`, or -1 for none: that one is framed for it.
+  /// Lock box `box`, 0 to 4, names system `lIndex`, or -1 for none: that one is framed for it, and
+  /// none besides. A system that isn't there is reported, and raised as 340 as well.
   void showLock(std::int32_t box, std::int32_t lIndex);
   /// System `lIndex` is a valid subnet of the selected device.
   void showSubnet(std::int32_t lIndex);

@@ -42,7 +42,8 @@ constexpr bool isGreen(SpriteTag tag) {
   return tag == SpriteTag::GreenDk || tag == SpriteTag::Green;
 }
 
-/// What a record doesn't say of its device: which highlight it has, and why.
+/// What a record doesn't say of its device: which highlight it has, and why. Kept small, as all of
+/// them are gone through at each selection.
 struct Sprite {
   SpriteTag Tag = SpriteTag::None;
   SpriteLayer layer;

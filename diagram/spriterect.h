@@ -18,6 +18,7 @@ struct SpriteRect {
   std::int32_t Width;
   std::int32_t Height;
 
+  /// Edges count to the left and above, not to the right and below.
   bool contains(QPoint point) const {
     return point.x() >= Left && point.x() < std::int64_t{Left} + Width && point.y() >= Top &&
            point.y() < std::int64_t{Top} + Height;

@@ -24,7 +24,7 @@ public:
 
   explicit Surface(QWidget *parent);
 
-  /// Gets what the pointer does. May be null.
+  /// Gets what the pointer does; isn't owned, and must stand while events come. May be null.
   SurfaceEvents *events = nullptr;
 
   /// Element i shows Systems(i), of which it holds no copy; element 0 stands from the start.
@@ -46,14 +46,15 @@ public:
   /// Where sprite `i` is. Raises 6 beyond 16 bits and 340 if there is none.
   SpriteRect spriteRect(std::int32_t i) const;
 
-  /// Number of the topmost sprite at `point`, -1 if there is none.
+  /// Number of the topmost sprite at `point`, in pixels of the surface; -1 if there is none.
   std::int32_t spriteAt(QPoint point) const;
 
-  /// Repaint what sprite `i` or a line covers. To be called before and after a change.
+  /// Repaint what sprite `i` or a line covers. To be called before and after a change. The first
+  /// raises what spriteRect does.
   void touch(std::int32_t i) { touch(spriteRect(i).within(rect())); }
   void touch(const Line &line) { touch(line.within(rect())); }
 
-  /// Paints `area` of the surface.
+  /// Paints `area` of the surface, also onto a picture and whether it shows or not.
   void paint(QPainter &painter, const QRect &area) const;
 
   /// Takes the press that an event was told of as ended: its release goes elsewhere.

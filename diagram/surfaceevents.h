@@ -18,8 +18,10 @@ public:
   SurfaceEvents &operator=(const SurfaceEvents &) = delete;
   virtual ~SurfaceEvents() = default;
 
+  /// Any button. `global` is the place on the screen.
   virtual void picSystem_MouseDown(std::int32_t Index, Qt::MouseButton Button, QPoint at,
                                    QPoint global) = 0;
+  /// Also while no button is held.
   virtual void picSystem_MouseMove(std::int32_t Index, QPoint at) = 0;
   virtual void picSystem_MouseUp(std::int32_t Index, Qt::MouseButton Button, QPoint global) = 0;
   /// Instead of the second press of a double click on one sprite.

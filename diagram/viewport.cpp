@@ -48,6 +48,7 @@ void Viewport::layOut(QSize form, int toolbarHeight) {
   const int width = form.width() - barWidth;
   if (height <= 0 || width <= 0)
     return;
+  // The bars beside it, not over it: below anything else, each scroll would paint it all anew.
   m_picContainer->setGeometry(0, toolbarHeight, width, height);
   m_vsbScroll->setGeometry(width, toolbarHeight, barWidth, height);
   setMaximum(*m_vsbScroll, Surface::size - height);

@@ -18,16 +18,18 @@ public:
 
   Surface &picLayout() { return *m_picLayout; }
   const Surface &picLayout() const { return *m_picLayout; }
+  /// Their values are how much of the surface lies to the left of what shows, and above it.
   QScrollBar &hsbScroll() { return *m_hsbScroll; }
   QScrollBar &vsbScroll() { return *m_vsbScroll; }
 
-  /// Lays itself out below a toolbar. Sizes that leave no room are left alone.
+  /// Lays itself out below a toolbar, of a form of that size. Sizes that leave no room are left
+  /// alone. What shows stays, as far as the surface reaches.
   void layOut(QSize form, int toolbarHeight);
 
-  /// The surface takes BackgroundColor, the bars the theme's colours.
+  /// The surface takes BackgroundColor, which wipes its grid, the bars the theme's colours.
   void UpdateColors();
 
-  /// Scrolls by so many pixels.
+  /// Scrolls by so many pixels, to the right and down, as far as the bars go.
   void scrollBy(QPoint distance);
 
 private:
