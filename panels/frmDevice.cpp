@@ -270,6 +270,15 @@ void frmDevice::txtPhone_Change() {
            [this] { selectedSystem().sDataX = m_txtPhone->text(); });
 }
 
+/// A file may hold several entries for a device. The next one is then what the box edits, and it
+/// would be overwritten unseen.
+void frmDevice::removeData(std::int32_t entry) {
+  RemoveFromDataArray(entry);
+  const std::int32_t next = FindData(lSelectedItem);
+  if (next != -1)
+    m_txtData->setContent(at(DataItems, next).sText);
+}
+
 /// The device's first entry follows the text: the first character makes it, and it goes with the
 /// last one.
 void frmDevice::txtData_Change() {
@@ -282,7 +291,7 @@ void frmDevice::txtData_Change() {
     else if (!text.isEmpty())
       diagram().operations.AddData(device, text);
     else if (entry != -1)
-      RemoveFromDataArray(entry);
+      removeData(entry);
   });
 }
 

@@ -60,6 +60,7 @@ private:
   void txtFreq_Change(std::size_t Index);
   void txtPhone_Change();
   void txtData_Change();
+  void removeData(std::int32_t entry);
 
   TextBox *m_txtData = nullptr;
   SecurityOptions *m_optSecur = nullptr;

@@ -203,6 +203,8 @@ void NaiveModel::typeData(const std::string &text) {
       document.data.push_back({.lNum = selected, .sText = QString::fromStdString(text)});
   } else if (text.empty()) {
     document.data.erase(entry);
+    if (const auto next = dataOfSelected(); next != document.data.end())
+      devicePanel->data = next->sText.toStdString();
   } else {
     entry->sText = QString::fromStdString(text);
   }

@@ -92,6 +92,9 @@ TEST_F(Panels, ABoxHoldsToItsLimitAndRoundsItsNumber) {
   EXPECT_EQ(data.text(), u"");
   data.paste(); // as the box's own menu does
   EXPECT_EQ(data.text(), u"one two?");
+  DataItems.push_back({.lNum = hub, .sText = QStringLiteral("second")}); // as a file may
+  data.clear();
+  EXPECT_EQ(data.text(), u"second") << "not to be overwritten unseen";
 }
 
 TEST_F(Panels, LocksOfTheSelectedServerAreFramed) {
