@@ -309,6 +309,7 @@ TEST_F(ThemeLoader, TheManualIsRight) {
   EXPECT_EQ(entries.count('<'), 14);
   EXPECT_EQ(load(sections(entries)), "");
   std::vector<Colour> told;
+  told.reserve(colourRows.size());
   for (const ColourRow &row : colourRows)
     told.push_back(std::exchange(*row.colour, 0));
   LoadTheme(QStringLiteral(VNB_THEMES "/default/theme.xml"), *this);
