@@ -2,7 +2,6 @@
 #include "shell/frmSettings.h"
 
 #include "appearance/colours.h"
-#include "appearance/globals.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
 #include "shell/cdlgex.h"

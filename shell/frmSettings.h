@@ -3,6 +3,7 @@
 #pragma once
 
 #include "appearance/editorview.h"
+#include "appearance/globals.h"
 #include "widgets/form.h"
 
 #include <array>
@@ -31,7 +32,7 @@ private:
   QCheckBox *m_chkGrid;
   TextBox *m_txtGridRes;
   QCheckBox *m_chkLoadLast;
-  std::array<Swatch *, 7> m_picColor{};
+  std::array<Swatch *, userColours.size()> m_picColor{};
 };
 
 } // namespace vnb
