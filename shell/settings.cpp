@@ -80,7 +80,8 @@ public:
     bool done = file.open(QIODevice::WriteOnly);
     if (done && isNew)
       file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    done = done && file.write(bytes) == bytes.size() && file.commit();
+    // The commit alone would pass over a disk that has no room for what is flushed only then.
+    done = done && file.write(bytes) == bytes.size() && file.flush() && file.commit();
     if (!done)
       throw RuntimeError(Fault::PathFileAccess).about(with(file.errorString()));
   }
