@@ -182,7 +182,8 @@ void File::reserve(off_t size) const {
 
 /// Writes `bytes` at this place, but to pipes, which have none, behind what they have got.
 void File::writeAt(off_t at, std::string_view bytes) const {
-  ::lseek(handle(), at, SEEK_SET);
+  if (::lseek(handle(), at, SEEK_SET) < 0 && errno != ESPIPE)
+    throw systemError(errno);
   while (!bytes.empty()) {
     const ssize_t done =
         checked([&] { return systemCalls.write(handle(), bytes.data(), bytes.size()); });
