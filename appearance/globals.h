@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QString>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <span>
@@ -15,7 +16,7 @@ namespace vnb {
 /// A colour value: hexadecimal 00BBGGRR, red in the low byte.
 using Colour = std::int32_t;
 
-/// Of the surface and what is marked on it. These seven are the user's to change.
+/// Of the surface and what is marked on it. These are the user's to change.
 extern Colour GridColor, LinkColor, LinkSelColor, LockColor, SelectedColor, SubnetColor,
     SubnetSelColor;
 /// Of windows and controls. RedTextColor is for texts that stand out.
@@ -54,7 +55,10 @@ inline constexpr std::array colourRows{
 };
 
 /// The rows of the colours that the user may change.
-inline constexpr auto userColours = std::span(colourRows).first<7>();
+inline constexpr auto userColours =
+    std::span(colourRows).first<std::ranges::count_if(colourRows, [](const ColourRow &row) {
+      return row.storeKey != nullptr;
+    })>();
 
 /// Whether there is a grid at the start and after a change of settings.
 extern bool ShowGrid;

@@ -52,7 +52,7 @@ QString listedPath(const QString &path);
 /// ownError unless there are three fields, and what LoadPicture raises.
 void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files);
 
-/// Fills DeviceImages 1 to 16 from sixteen paths in the same form, and raises the same. Stops at
+/// Fills DeviceImages but 0 from a path for each in the same form, and raises the same. Stops at
 /// the first picture that can't be loaded; those of lower types are then done.
 void LoadDeviceImages(const QString &files);
 

@@ -41,10 +41,10 @@ struct TypeRow {
   std::array<std::string_view, 2> otherNames{}; // in files, beside the plain and friendly name
 };
 
-/// The row of a type, that of no device for a code outside 1 to 16.
+/// The row of a type, that of no device for a code outside 1 to `Last`.
 const TypeRow &typeRow(std::int32_t lType);
 
-/// Name of the built-in bitmap, "UNKNOWN" for a code outside 1 to 16.
+/// Name of the built-in bitmap, "UNKNOWN" for a code outside 1 to `Last`.
 QString ResIDFromType(std::int32_t lType);
 
 /// The code of a name in any case, 0 if none matches; nothing is trimmed.
@@ -53,7 +53,7 @@ std::int32_t TypeFromName(const QString &sName);
 std::int32_t TypeFromWord(std::string_view word);
 
 /// The name for people ("Main server") or the plain one ("Mainserver"); "Unknown device" or "NONE"
-/// for a code outside 1 to 16.
+/// for a code outside 1 to `Last`.
 QString NameFromType(std::int32_t lType, bool bFriendly);
 
 /// The plain name in capitals, as files have it.

@@ -29,7 +29,7 @@ struct ToolbarButton {
   void (frmMain::*action)(); // run by a click and by the shortcut
 };
 
-/// The eleven buttons from left to right.
+/// The buttons from left to right.
 std::span<const ToolbarButton> toolbarButtons();
 
 /// `picToolbar`, docked to the top of the main window.

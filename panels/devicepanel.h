@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-/// What the three panels of the selected device share: it, or the words that there is none.
+/// What the panels of the selected device share: it, or the words that there is none.
 #pragma once
 
 #include "diagram/diagramparts.h"

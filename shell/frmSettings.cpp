@@ -25,10 +25,15 @@ constexpr auto swatches = [] {
   return rows;
 }();
 
+// Twips.
+constexpr int swatchStep = 225;
+constexpr int formHeight = 75 + swatchStep * static_cast<int>(swatches.size());
+constexpr int buttons = formHeight - 435;
+
 } // namespace
 
 frmSettings::frmSettings(EditorView &view)
-    : FormWindow("frmSettings", "Settings", {5295, 1650}), m_view(view) {
+    : FormWindow("frmSettings", "Settings", {5295, formHeight}), m_view(view) {
   m_chkGrid = addCaptioned<QCheckBox>(*this, "chkGrid", "Draw Grid", {105, 105, 1140, 180});
   QLabel *lblGridRes =
       addLabel(*this, "lblGridRes", "Grid resolution (px):", {390, 360, 1650, 180});
@@ -36,9 +41,9 @@ frmSettings::frmSettings(EditorView &view)
   nameAfter(*m_txtGridRes, *lblGridRes);
   m_chkLoadLast =
       addCaptioned<QCheckBox>(*this, "chkLoadLast", "Auto-load last file", {105, 660, 1800, 195});
-  auto *cmdOK = addCaptioned<QPushButton>(*this, "cmdOK", "OK", {90, 1215, 1065, 375});
+  auto *cmdOK = addCaptioned<QPushButton>(*this, "cmdOK", "OK", {90, buttons, 1065, 375});
   auto *cmdCancel =
-      addCaptioned<QPushButton>(*this, "cmdCancel", "Cancel", {1170, 1215, 1065, 375});
+      addCaptioned<QPushButton>(*this, "cmdCancel", "Cancel", {1170, buttons, 1065, 375});
   addSwatches();
   connect(m_txtGridRes, &TextBox::textChanged, this, &frmSettings::txtGridRes_Change);
   connect(m_txtGridRes, &TextBox::returnPressed, cmdOK, &QPushButton::click);
@@ -50,7 +55,7 @@ void frmSettings::addSwatches() {
   for (std::size_t i = 0; i < swatches.size(); ++i) {
     const ColourRow &row = swatches[i];
     const QString index = QString::number(i);
-    const int top = 45 + 225 * static_cast<int>(i);
+    const int top = 45 + swatchStep * static_cast<int>(i);
     QLabel *label =
         addLabel(*this, QStringLiteral("lblColor") + index, QString::fromLatin1(row.caption),
                  {4125 - row.captionWidth, top + 15, row.captionWidth, 180}, Qt::AlignRight);

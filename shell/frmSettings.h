@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-/// The settings dialog: grid, auto-load and the seven drawing colours.
+/// The settings dialog: grid, auto-load and the drawing colours.
 #pragma once
 
 #include "appearance/editorview.h"
