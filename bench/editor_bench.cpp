@@ -8,15 +8,20 @@
 #include "panels/frmDevice.h"
 #include "panels/frmLinks.h"
 #include "panels/frmSubnet.h"
+#include "shell/frmSettings.h"
 #include "tools/samplelan.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QComboBox>
+#include <QDir>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <QTemporaryDir>
+#include <QTimer>
 
 namespace vnb::bench {
 namespace {
@@ -41,11 +46,15 @@ public:
   }
 
   frmMain &main() { return m_main; }
+  EditorView &view() { return m_main.view(); }
   Surface &surface() { return m_main.picLayout(); }
 
-  /// As many links as devices.
+  /// As many links as devices. Made as by the reader, which fills the lock boxes once.
   void make(std::int64_t devices, Shape shape) {
+    LoadingFile = true;
     makeLan(m_main.operations(), static_cast<int>(devices), static_cast<int>(devices), shape);
+    LoadingFile = false;
+    view().PopulateLockBoxes();
     settle();
   }
   /// A file of such a LAN.
@@ -57,6 +66,11 @@ public:
   }
   static void settle() { QApplication::processEvents(); }
 
+  void scrollTo(QPoint corner) {
+    m_main.findChild<QScrollBar *>(QStringLiteral("hsbScroll"))->setValue(corner.x());
+    m_main.findChild<QScrollBar *>(QStringLiteral("vsbScroll"))->setValue(corner.y());
+    settle();
+  }
   void showPanels(bool show) {
     m_main.forms().get<frmDevice>().setVisible(show);
     m_main.forms().get<frmLinks>().setVisible(show);
@@ -99,26 +113,43 @@ void openPainted(benchmark::State &state) {
   }
 }
 
+/// The middle of the surface, where lines are thickest.
 void repaint(benchmark::State &state, Shape shape) {
   bench().make(state.range(0), shape);
-  QImage image(window, QImage::Format_RGB32);
-  const QRect area(QPoint(600, 700), window);
+  bench().scrollTo({600, 700});
+  const QRect area = bench().surface().visibleRegion().boundingRect();
+  QImage image(area.size(), QImage::Format_RGB32);
   for (auto _ : state) {
     QPainter painter(&image);
     painter.translate(-area.topLeft());
     bench().surface().paint(painter, area);
   }
+  bench().scrollTo({});
 }
 
-void scrollStep(benchmark::State &state) {
+void scroll(benchmark::State &state, int step) {
   bench().make(state.range(0), Shape::Normal);
   auto *bar = bench().main().findChild<QScrollBar *>(QStringLiteral("vsbScroll"));
-  int to = 0;
   for (auto _ : state) {
-    to = to == 500 ? 510 : 500;
-    bar->setValue(to);
+    bar->setValue(bar->value() == 500 ? 500 + step : 500);
     Bench::settle();
   }
+  bar->setValue(0);
+}
+
+/// A link is being drawn, and the pointer goes on.
+void rubberBand(benchmark::State &state, Shape shape) {
+  bench().make(state.range(0), shape);
+  SurfaceEvents &events = *bench().surface().events;
+  events.picSystem_DblClick(star);
+  events.picLayout_MouseMove({600, 400});
+  Bench::settle();
+  int x = 0;
+  for (auto _ : state) {
+    events.picLayout_MouseMove({300 + (x = (x + 7) % 600), 500});
+    Bench::settle();
+  }
+  events.picSystem_DblClick(star);
 }
 
 void selectDevice(benchmark::State &state, Shape shape, std::int32_t device, bool subnets) {
@@ -182,10 +213,77 @@ void addLink(benchmark::State &state) {
   }
 }
 
+void removeLink(benchmark::State &state, Shape shape) {
+  bench().make(state.range(0) - 1, shape);
+  for (auto _ : state) {
+    state.PauseTiming();
+    bench().main().operations().AddLink(1, .5, .5, 2, .5, .5, 1);
+    Bench::settle();
+    state.ResumeTiming();
+    bench().main().operations().RemoveLink(1, false);
+    Bench::settle();
+  }
+}
+
+/// The submenu of all links of a device, from the click that opens it to the end of the menu.
+void linksMenu(benchmark::State &state) {
+  bench().make(state.range(0), Shape::Star);
+  bench().select(star);
+  ContextMenu contextMenu(bench().main().diagram());
+  for (auto _ : state) {
+    const auto menu = contextMenu.build(star, bench().main());
+    auto *links = menu->findChild<QMenu *>(QStringLiteral("mnuLinks"));
+    links->popup(bench().main().mapToGlobal(QPoint(100, 100)));
+    Bench::settle();
+    links->close();
+  }
+  bench().main().selection().Deselect();
+}
+
+/// The first drop-down of a lock box after its rows have changed.
+void lockDropDown(benchmark::State &state) {
+  bench().make(state.range(0) - 1, Shape::Locks);
+  bench().main().operations().AddSystem(SystemType::MainServer, 100, 100, 1, -1, -1, -1, {});
+  bench().showPanels(true);
+  bench().select(UBound(Systems));
+  auto *box =
+      bench().main().forms().get<frmDevice>().findChild<QComboBox *>(QStringLiteral("cboLock0"));
+  for (auto _ : state) {
+    state.PauseTiming();
+    bench().view().PopulateLockBoxes();
+    Bench::settle();
+    state.ResumeTiming();
+    box->showPopup();
+    Bench::settle();
+    box->hidePopup();
+  }
+  bench().main().selection().Deselect();
+  bench().showPanels(false);
+}
+
+/// The dialog opened and left by OK with nothing changed.
+void settingsOK(benchmark::State &state, Shape shape) {
+  bench().make(state.range(0), shape);
+  for (auto _ : state) {
+    QTimer::singleShot(0, [] {
+      bench()
+          .main()
+          .forms()
+          .get<frmSettings>()
+          .findChild<QPushButton *>(QStringLiteral("cmdOK"))
+          ->click();
+    });
+    bench().main().picSettings_Click();
+    Bench::settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
 void removeDevice(benchmark::State &state) {
   bench().make(state.range(0), Shape::Normal);
   for (auto _ : state) {
     bench().main().operations().RemoveSystem(1);
+    Bench::settle();
     state.PauseTiming();
     bench().main().operations().AddSystem(2, 100, 100, 1, -1, -1, -1, {});
     Bench::settle();
@@ -217,36 +315,47 @@ void typeCharacter(benchmark::State &state) {
 void switchTheme(benchmark::State &state) {
   bench().make(state.range(0), Shape::Normal);
   bool light = false;
+  const QDir themes(QCoreApplication::applicationDirPath() + QStringLiteral("/../themes"));
   for (auto _ : state) {
     light = !light;
-    LoadTheme(light ? QStringLiteral(VNB_THEMES "/light/theme.xml")
-                    : QStringLiteral(VNB_THEMES "/default/theme.xml"),
-              bench().main().view());
+    LoadTheme(themes.filePath(light ? QStringLiteral("light/theme.xml")
+                                    : QStringLiteral("default/theme.xml")),
+              bench().view());
     Bench::settle();
   }
 }
 
 /// For what must be made anew before each run, which takes far longer than the run.
 void fewSizes(benchmark::internal::Benchmark *rows) {
-  sizes(rows);
-  rows->Iterations(30);
+  rows->Arg(1000)->Arg(4096)->Arg(32767)->Unit(benchmark::kMillisecond)->Iterations(20);
 }
 
 BENCHMARK(openPainted)->Name("OpenPainted/ours")->Apply(sizes);
 BENCHMARK_CAPTURE(repaint, , Shape::Normal)->Name("Repaint/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(repaint, , Shape::Any)->Name("RepaintAny/ours")->Apply(sizes);
 BENCHMARK_CAPTURE(repaint, , Shape::Star)->Name("RepaintStar/ours")->Apply(sizes);
-BENCHMARK(scrollStep)->Name("ScrollStep/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(scroll, , 10)->Name("Scroll10/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(scroll, , 100)->Name("Scroll100/ours")->Apply(sizes);
 BENCHMARK_CAPTURE(selectDevice, , Shape::Normal, 5, false)->Name("Select/ours")->Apply(sizes);
 BENCHMARK_CAPTURE(selectDevice, , Shape::Star, star, false)->Name("SelectStar/ours")->Apply(sizes);
 BENCHMARK_CAPTURE(selectDevice, , Shape::Normal, 5, true)->Name("SelectSubnets/ours")->Apply(sizes);
 BENCHMARK_CAPTURE(selectDevice, , Shape::Locks, 5, false)
     ->Name("SelectAmongLocks/ours")
     ->Apply(sizes);
+BENCHMARK_CAPTURE(rubberBand, , Shape::Normal)->Name("RubberBand/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(rubberBand, , Shape::Any)->Name("RubberBandAny/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(rubberBand, , Shape::Star)->Name("RubberBandStar/ours")->Apply(sizes);
 BENCHMARK(dragAndDrop)->Name("DragAndDrop/ours")->Apply(sizes);
 BENCHMARK(pointerMove)->Name("PointerMove/ours")->Apply(sizes);
 BENCHMARK(retype)->Name("Retype/ours")->Apply(sizes);
 BENCHMARK(addLink)->Name("AddLink/ours")->Apply(fewSizes);
+BENCHMARK_CAPTURE(removeLink, , Shape::Normal)->Name("RemoveLink/ours")->Apply(fewSizes);
+BENCHMARK_CAPTURE(removeLink, , Shape::Star)->Name("RemoveLinkStar/ours")->Apply(fewSizes);
 BENCHMARK(removeDevice)->Name("RemoveDevice/ours")->Apply(fewSizes);
+BENCHMARK(linksMenu)->Name("LinksMenu/ours")->Apply(sizes);
+BENCHMARK(lockDropDown)->Name("LockDropDown/ours")->Apply(fewSizes);
+BENCHMARK_CAPTURE(settingsOK, , Shape::Normal)->Name("SettingsOK/ours")->Apply(sizes);
+BENCHMARK_CAPTURE(settingsOK, , Shape::Star)->Name("SettingsOKStar/ours")->Apply(sizes);
 BENCHMARK(newLan)->Name("New/ours")->Apply(fewSizes);
 BENCHMARK(switchTheme)->Name("SwitchTheme/ours")->Apply(sizes);
 BENCHMARK(typeCharacter)->Name("TypeCharacter/ours")->Apply(sizes);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 /// Runs all benchmarks, those of windows too, without a display.
 #include "bench/pairreporter.h"
+#include "widgets/style.h"
 
 #include <QApplication>
 
@@ -9,6 +10,7 @@ int main(int argc, char **argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   benchmark::Initialize(&argc, argv);
   const QApplication application(argc, argv);
+  vnb::useStyle();
   // The platform without a display complains of each window that is raised.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
   if (benchmark::ReportUnrecognizedArguments(argc, argv))

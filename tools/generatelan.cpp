@@ -43,6 +43,8 @@ std::optional<Request> parse(const std::vector<std::string_view> &words) {
       request.shape = vnb::Shape::Locks;
     else if (words[i] == "--star")
       request.shape = vnb::Shape::Star;
+    else if (words[i] == "--any")
+      request.shape = vnb::Shape::Any;
     else if (words[i] == "-o" && i + 1 < words.size())
       request.path = QFile::decodeName(words[++i].data());
     else
@@ -68,7 +70,7 @@ bool save(const QString &path) {
 int main(int argc, char **argv) {
   const std::optional<Request> request = parse({argv + 1, argv + argc});
   if (!request) {
-    std::fputs("usage: generate-lan DEVICES LINKS [--locks | --star] [-o FILE]\n"
+    std::fputs("usage: generate-lan DEVICES LINKS [--locks | --star | --any] [-o FILE]\n"
                "Writes a LAN file to FILE, or to the standard output, which must be a file then.\n",
                stderr);
     return 2;

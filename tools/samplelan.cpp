@@ -103,8 +103,19 @@ private:
   /// Mostly a place of the quarter grid, sometimes another hundredth.
   double pickFraction() { return below(8) == 0 ? below(101) / 100.0 : below(5) / 4.0; }
 
+  int otherEnd(int from) {
+    switch (m_shape) {
+    case Shape::Star:
+      return std::min(1, m_devices - 1);
+    case Shape::Any:
+      return below(m_devices);
+    default:
+      return neighbour(from);
+    }
+  }
+
   void addLink(int from) {
-    const int to = m_shape == Shape::Star ? std::min(1, m_devices - 1) : neighbour(from);
+    const int to = otherEnd(from);
     const double fromX = pickFraction();
     const double fromY = pickFraction();
     const double toX = pickFraction();

@@ -11,6 +11,7 @@ enum class Shape : std::uint8_t {
   Normal, // all types of devices, linked to their neighbours
   Locks,  // every device but the router is a lock
   Star,   // every link ends at device 1
+  Any,    // all types of devices, linked across the whole surface
 };
 
 /// Replaces the document by one of `devices` systems, the router included, and of `links` links;
