@@ -2,7 +2,11 @@
 #include "appearance/colours.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
+
+#include <array>
+#include <map>
 
 namespace vnb {
 namespace {
@@ -14,7 +18,19 @@ QColor mixed(const QColor &first, const QColor &second, int share) {
           channel(first.blue(), second.blue())};
 }
 
-QPalette palette(const QColor &background, const QColor &text, const QColor &window) {
+/// With every role set, so that widgets take it as it is instead of making palettes of their own.
+QPalette complete(const QPalette &palette) {
+  QPalette result = palette.resolve(QApplication::palette());
+  for (int group = 0; group < QPalette::NColorGroups; ++group)
+    for (int role = 0; role < QPalette::NColorRoles; ++role) {
+      const auto g = static_cast<QPalette::ColorGroup>(group);
+      const auto r = static_cast<QPalette::ColorRole>(role);
+      result.setBrush(g, r, result.brush(g, r));
+    }
+  return result;
+}
+
+QPalette makePalette(const QColor &background, const QColor &text, const QColor &window) {
   QPalette result(text, background, text, text, mixed(background, text, 50), text, text, background,
                   window);
   result.setColor(QPalette::AlternateBase, background);
@@ -27,7 +43,21 @@ QPalette palette(const QColor &background, const QColor &text, const QColor &win
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
     result.setColor(QPalette::Disabled, role, faint);
   result.setColor(QPalette::PlaceholderText, faint);
-  return result;
+  return complete(result);
+}
+
+/// The palette of a key, made at its first use: for each palette there is, equal or not, the style
+/// keeps pictures of controls.
+template <class Key, class Make>
+QPalette once(const Key &key, const Make &make) {
+  static std::map<Key, QPalette> made; // a few for each theme
+  const auto found = made.find(key);
+  return found != made.end() ? found->second : made.emplace(key, make()).first->second;
+}
+
+QPalette palette(const QColor &background, const QColor &text, const QColor &window) {
+  return once(std::array{background.rgb(), text.rgb(), window.rgb()},
+              [&] { return makePalette(background, text, window); });
 }
 
 /// The list that drops down from a box is a window of its own.
@@ -59,10 +89,12 @@ void applyColours(QWidget &form) {
 }
 
 void setForeground(QWidget &control, Colour colour) {
-  QPalette changed = control.palette();
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-    changed.setColor(role, toQColor(colour));
-  control.setPalette(changed);
+  control.setPalette(once(std::pair(control.palette().cacheKey(), colour), [&] {
+    QPalette changed = control.palette();
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+      changed.setColor(role, toQColor(colour));
+    return changed;
+  }));
 }
 
 } // namespace vnb
