@@ -100,7 +100,7 @@ void frmThemes::Form_Load() {
       continue;
     if (entries.fileName() == ThemeName)
       current = static_cast<int>(folders.size());
-    folders.push_back({.text = entries.fileName()});
+    folders.push_back({.name = entries.fileName()});
   }
   m_lstThemes->setRows(std::move(folders));
   m_lstThemes->setListIndex(current);
@@ -115,7 +115,7 @@ void frmThemes::UpdateColors() {
 
 QString frmThemes::selected() const {
   const NumberRow *const row = m_lstThemes->picked();
-  return row == nullptr ? QString() : row->text;
+  return row == nullptr ? QString() : row->text();
 }
 
 void frmThemes::lstThemes_Click() {

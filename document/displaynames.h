@@ -16,6 +16,10 @@ QString deviceName(std::int32_t lIndex);
 /// link of a device to itself is one to it.
 QString linkName(const LinkRec &link, std::int32_t lIndex);
 
+/// "Link to Hub" and 3: the parts of such a name.
+QString linkKind(const LinkRec &link, std::int32_t lIndex);
+std::int32_t otherEnd(const LinkRec &link, std::int32_t lIndex);
+
 /// "link to Hub 3": such a name amid a sentence. REQUIRES: `name` isn't empty.
 QString inSentence(QString name);
 

@@ -3,6 +3,7 @@
 
 #include "appearance/colours.h"
 #include "document/displaynames.h"
+#include "panels/linkrows.h"
 #include "runtime/at.h"
 #include "runtime/messagebox.h"
 #include "runtime/numbers.h"
@@ -138,14 +139,7 @@ void frmLinks::UpdateColors() {
 
 void frmLinks::fillList() {
   m_lblLinks->setText(QStringLiteral("Links for ") + deviceName(lSelectedItem) + u':');
-  const std::vector<std::int32_t> links = RetrieveLinks(lSelectedItem);
-  std::vector<NumberRow> rows;
-  rows.reserve(links.size() - 1);
-  for (std::size_t i = 1; i < links.size(); ++i) {
-    const LinkRec &link = at(Links, links[i]);
-    rows.push_back({.text = linkName(link, lSelectedItem), .number = links[i]});
-  }
-  m_lstLinks->setRows(std::move(rows));
+  m_lstLinks->setRows(linkRows(lSelectedItem));
 }
 
 void frmLinks::selectionFill() {
@@ -251,7 +245,7 @@ void frmLinks::cmdRemove_Click() {
     const std::int32_t lLink = picked->number;
     if (showMessageBox({.title = QStringLiteral("Really remove?"),
                         .text = QStringLiteral("Are you sure you want to remove the ") +
-                                inSentence(picked->text) + u'?', // as the row has it
+                                inSentence(picked->text()) + u'?', // as the row has it
                         .icon = MessageBox::Icon::Question,
                         .buttons = MessageBox::Buttons::YesNo}) != Answer::Yes)
       return;

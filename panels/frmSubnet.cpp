@@ -104,12 +104,14 @@ void frmSubnet::selectionFill() {
   for (std::int32_t i = 0; i <= UBound(Systems); ++i) {
     if (i == lSelectedItem)
       continue;
-    (at(listed, i) ? subnets : others).push_back({.text = deviceName(i), .number = i});
+    (at(listed, i) ? subnets : others)
+        .push_back({.name = friendlyName(i), .number = i, .shown = i});
   }
   // Before the frames: an error there must not leave the rows of the device before.
   m_lstSubnets->setRows(std::move(subnets));
   m_lstSystems->setRows(std::move(others));
   for (const NumberRow &row : m_lstSubnets->rows())
+  others.reserve(Systems.size());
     diagram().selection.showSubnet(row.number);
 }
 

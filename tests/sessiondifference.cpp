@@ -47,7 +47,7 @@ std::string readingOf(const QWidget &panel, const QString &name) {
   if (const auto *list = dynamic_cast<const NumberList *>(control)) {
     NaiveList shown;
     for (const NumberRow &row : list->rows())
-      shown.rows.emplace_back(row.text.toStdString(), row.number);
+      shown.rows.emplace_back(row.text().toStdString(), row.number);
     return reading(shown.rows, list->ListIndex());
   }
   if (const auto *box = dynamic_cast<const QComboBox *>(control)) {

@@ -230,8 +230,8 @@ protected:
     Words lines;
     for (int row = 0; const NumberRow &line : list().rows()) {
       const bool selected = row++ == list().ListIndex();
-      if (line.text.startsWith(m_prefix) && (selected || !selectedOnly))
-        lines.push_back(line.text.mid(m_prefix.size()).toStdString());
+      if (line.text().startsWith(m_prefix) && (selected || !selectedOnly))
+        lines.push_back(line.text().mid(m_prefix.size()).toStdString());
     }
     return lines;
   }
@@ -281,7 +281,7 @@ TEST_F(ThemePicker, ListsTheFoldersAndSelectsTheThemeInForce) {
   EXPECT_EQ(text("lblCurTheme"), ThemeName.toStdString());
   EXPECT_EQ(info(), "Name: Good <b>|Author: Ann|Fine.\nTwo lines.");
   for (const NumberRow &line : list().rows())
-    EXPECT_TRUE(line.text != u"." && line.text != u"..");
+    EXPECT_TRUE(line.text() != u"." && line.text() != u"..");
   file.remove();
 
   forms.unload();

@@ -6,11 +6,23 @@
 #include <QAbstractListModel>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStringBuilder>
 
 #include <algorithm>
 #include <utility>
 
 namespace vnb {
+
+QString NumberRow::text() const {
+  return shown ? name % u' ' % QString::number(*shown) : name;
+}
+
+qsizetype NumberRow::length() const {
+  qsizetype digits = 0;
+  for (std::int32_t rest = shown.value_or(0); rest > 0; rest /= 10)
+    ++digits;
+  return name.size() + digits;
+}
 
 /// Gives a row's text when it is painted: a list of thousands is filled at once.
 class NumberList::Model : public QAbstractListModel {
@@ -22,7 +34,7 @@ public:
   }
 
   QVariant data(const QModelIndex &index, int role) const override {
-    return role == Qt::DisplayRole ? at(rows, index.row()).text : QVariant();
+    return role == Qt::DisplayRole ? at(rows, index.row()).text() : QVariant();
   }
 
   void reset(std::vector<NumberRow> newRows) {

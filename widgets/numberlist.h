@@ -5,14 +5,21 @@
 #include <QListView>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace vnb {
 
-/// A row: what it shows, and the device or link that it stands for.
+/// A row: what it shows, and the device or link that it stands for. The text is put together when
+/// it is shown: few of thousands are.
 struct NumberRow {
-  QString text;
+  QString name; // shared with other rows
   std::int32_t number = 0;
+  std::optional<std::int32_t> shown = {}; // the number behind the name, as of filling
+
+  QString text() const;
+  /// Letters of the text.
+  qsizetype length() const;
 };
 
 /// A list of one column and a single selection, in the order of filling.
