@@ -2,7 +2,9 @@
 #include "editor/contextmenu.h"
 
 #include "document/displaynames.h"
+#include "panels/linkrows.h"
 #include "runtime/messagebox.h"
+#include "widgets/longmenu.h"
 
 namespace vnb {
 namespace {
@@ -31,20 +33,14 @@ std::unique_ptr<QMenu> ContextMenu::build(std::int32_t Index, QWidget &parent) {
 }
 
 void ContextMenu::addLinks(QMenu &mnuPopup, std::int32_t Index) {
-  QMenu *mnuLinks = mnuPopup.addMenu(QStringLiteral("Links"));
+  auto *mnuLinks = new LongMenu(QStringLiteral("Links"), &mnuPopup);
+  mnuPopup.addMenu(mnuLinks);
   mnuLinks->setObjectName(QStringLiteral("mnuLinks"));
   mnuLinks->setEnabled(SystemHasLinks(Index));
-  // Filled when it opens: a device can have thousands of links, and most openings don't look.
-  QObject::connect(mnuLinks, &QMenu::aboutToShow, mnuLinks, [this, mnuLinks, Index] {
-    mnuLinks->clear();
-    const std::vector<std::int32_t> links = RetrieveLinks(Index);
-    for (std::size_t i = 1; i < links.size(); ++i) {
-      const std::int32_t lLink = links[i];
-      QAction *mnuLink = mnuLinks->addAction(linkName(at(Links, lLink), Index));
-      QObject::connect(mnuLink, &QAction::triggered, mnuLink,
-                       [this, Index, lLink] { mnuLink_Click(Index, lLink); });
-    }
-  });
+  mnuLinks->Click = [this, Index](const NumberRow &row) { mnuLink_Click(Index, row.number); };
+  // Filled when it opens: most openings of the menu don't look.
+  QObject::connect(mnuLinks, &QMenu::aboutToShow, mnuLinks,
+                   [mnuLinks, Index] { mnuLinks->setRows(linkRows(Index)); });
 }
 
 void ContextMenu::addTypes(QMenu &mnuPopup, std::int32_t Index) {

@@ -3,6 +3,7 @@
 #include "gesture.h"
 #include "panels/frmLinks.h"
 #include "widgets/drag.h"
+#include "widgets/longmenu.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -302,6 +303,11 @@ TEST_F(Gesture, ThePreviewIsDraggedWithTheLeftButtonWhileItsWindowStands) {
 /// "Links(off)|---|Hub(on)|...": captions with what is greyed and what is checked.
 std::string entries(const QMenu &menu) {
   std::ostringstream out;
+  if (const auto *links = dynamic_cast<const LongMenu *>(&menu)) {
+    for (const NumberRow &row : links->rows())
+      out << (out.tellp() > 0 ? "|" : "") << row.text().toStdString();
+    return out.str();
+  }
   for (const QAction *action : menu.actions())
     out << (action == menu.actions().constFirst() ? "" : "|")
         << (action->isSeparator() ? "---" : action->text().toStdString())

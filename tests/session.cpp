@@ -8,6 +8,7 @@
 #include "panels/frmSubnet.h"
 #include "shell/cdlgex.h"
 #include "widgets/dialogs.h"
+#include "widgets/longmenu.h"
 #include "widgets/picturebox.h"
 
 #include <QMouseEvent>
@@ -271,7 +272,7 @@ std::string Session::removeLink(Dice dice) {
   const std::vector<std::int32_t> links = model.linksOf(device);
   if (links.empty())
     return text("right click ", device);
-  QMenu &mnuLinks = *menu->findChild<QMenu *>(QStringLiteral("mnuLinks"));
+  auto &mnuLinks = dynamic_cast<LongMenu &>(*menu->findChild<QMenu *>(QStringLiteral("mnuLinks")));
   mnuLinks.aboutToShow();
   const std::int32_t row = dice.below(links.size());
   const LinkRec link = model.document.links[position(links[position(row)])];
@@ -279,7 +280,7 @@ std::string Session::removeLink(Dice dice) {
   model.boxes.push_back(text("Are you sure you want to remove the link ",
                              link.lFrom == device ? "to " : "from ", model.nameAt(other), '?'));
   const bool yes = answerBoxes(dice);
-  mnuLinks.actions().at(row)->trigger();
+  mnuLinks.choose(row);
   if (yes)
     model.removeLink(links[position(row)]);
   model.selectAgain();
