@@ -12,6 +12,18 @@
 #include <csignal>
 #include <cstdlib>
 
+namespace {
+
+/// Small ones alone: windows and task bars show no other, and each is handed to the window system.
+QIcon programIcon() {
+  QIcon icon;
+  for (const int size : {16, 32, 48, 64})
+    icon.addPixmap(vnb::LoadResPicture(QStringLiteral("ICON_%1").arg(size)));
+  return icon;
+}
+
+} // namespace
+
 int main(int argc, char *argv[]) {
   using namespace vnb;
   // Wayland tells no window's place on the screen, which drags between windows need; a Wayland
@@ -23,7 +35,7 @@ int main(int argc, char *argv[]) {
   QApplication::setApplicationDisplayName({});
   // By it the desktop finds the program's name and icon for its windows.
   QApplication::setDesktopFileName(QStringLiteral("org.example.vantry_network_builder"));
-  QApplication::setWindowIcon(QIcon(LoadResPicture(QStringLiteral("ICON"))));
+  QApplication::setWindowIcon(programIcon());
   showMessageBox = showMessageWindow;
   // Qt's own file and colour dialogs would otherwise keep notes of their own.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));

@@ -103,7 +103,6 @@ TEST_F(Diagram, BuiltInPicturesHaveTheirExactSizes) {
            {"MAIL AUTH", {48, 51}},
            {"LOCK IB MODEM TRANS RECEIVE", {32, 32}},
            {"LOGO", {354, 240}},
-           {"ICON", {256, 256}},
            {"NEW LOAD SAVE ADD INFO LINK DEVICE SUBNET SETTINGS THEMES ABOUT", {24, 24}},
            {"ADDSUB DELSUB", {13, 13}}})
     for (const QString &name : QString::fromLatin1(names).split(u' ')) {
