@@ -18,8 +18,7 @@ void fire(const std::function<void()> &handler) {
 
 } // namespace
 
-PictureButton::PictureButton(QWidget *parent, const QString &tag)
-    : QWidget(parent), m_tag(tag), m_picture(LoadResPicture(tag)) {
+PictureButton::PictureButton(QWidget *parent, const QString &tag) : QWidget(parent), m_tag(tag) {
   installFormAccess();
   setMouseTracking(true);
   // A click leaves the keys where they are.
@@ -31,13 +30,20 @@ void PictureButton::setPicture(const QPixmap &picture) {
   update();
 }
 
+/// The one that it was designed with is read only if it is to be seen: a theme gives another.
+const QPixmap &PictureButton::picture() const {
+  if (m_picture.isNull())
+    m_picture = LoadResPicture(m_tag);
+  return m_picture;
+}
+
 QSize PictureButton::sizeHint() const {
-  return m_picture.deviceIndependentSize().toSize();
+  return picture().deviceIndependentSize().toSize();
 }
 
 void PictureButton::paintEvent(QPaintEvent * /*event*/) {
   QPainter painter(this);
-  painter.drawPixmap(0, 0, m_picture);
+  painter.drawPixmap(0, 0, picture());
   if (hasFocus()) {
     painter.setPen(QPen(palette().color(QPalette::WindowText), 1, Qt::DotLine));
     painter.drawRect(rect().adjusted(1, 1, -2, -2));

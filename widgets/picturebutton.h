@@ -38,11 +38,12 @@ protected:
   bool eventFilter(QObject *window, QEvent *event) override;
 
 private:
+  const QPixmap &picture() const;
   void press();
   void release();
 
   QString m_tag;
-  QPixmap m_picture;
+  mutable QPixmap m_picture;
   bool m_pressed = false;
 };
 
