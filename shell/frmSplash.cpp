@@ -10,10 +10,11 @@
 #include <QPainter>
 #include <QScreen>
 
-#include <chrono>
-
 namespace vnb {
 namespace {
+
+constexpr int interval = 100; // milliseconds
+constexpr int states = 4;     // no dot to three
 
 /// The splash's own font; what stands in for it is made to fit the label.
 QFont loadingFont() {
@@ -38,7 +39,7 @@ frmSplash::frmSplash() : FormWindow("frmSplash", "", {6240, 4665}) {
   m_lblLoading->setFont(loadingFont());
   m_lblLoading->setText(QStringLiteral("Loading..."));
   m_tmrDots.callOnTimeout(this, [this] { tmrDots_Timer(); });
-  m_tmrDots.start(std::chrono::milliseconds(100));
+  m_tmrDots.start(interval);
 }
 
 void frmSplash::show() {
@@ -51,6 +52,21 @@ void frmSplash::paintEvent(QPaintEvent *event) {
   QPainter(this).fillRect(event->rect(), Qt::black);
 }
 
+void frmSplash::hideEvent(QHideEvent * /*event*/) {
+  m_tmrDots.stop();
+  m_sinceHidden.start();
+}
+
+void frmSplash::showEvent(QShowEvent * /*event*/) {
+  if (m_tmrDots.isActive())
+    return;
+  if (const qint64 missed = m_sinceHidden.elapsed() / interval; missed > 0) {
+    m_dots = static_cast<int>((m_dots + missed - 1) % states);
+    tmrDots_Timer();
+  }
+  m_tmrDots.start(interval);
+}
+
 void frmSplash::closeEvent(QCloseEvent *event) {
   // Not the base's, which would destroy the form.
   event->accept();
@@ -58,7 +74,7 @@ void frmSplash::closeEvent(QCloseEvent *event) {
 
 void frmSplash::tmrDots_Timer() {
   m_lblLoading->setText(QStringLiteral("Loading") + QString(m_dots, u'.'));
-  m_dots = m_dots == 3 ? 0 : m_dots + 1;
+  m_dots = (m_dots + 1) % states;
 }
 
 } // namespace vnb

@@ -4,6 +4,7 @@
 
 #include "widgets/form.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 class QLabel;
@@ -20,6 +21,9 @@ public:
 
 protected:
   void paintEvent(QPaintEvent *event) override;
+  /// While it is hidden the dots stand still; shown again, they are where they would have been.
+  void showEvent(QShowEvent *event) override;
+  void hideEvent(QHideEvent *event) override;
   /// Only hides it: it stays to the end of the process.
   void closeEvent(QCloseEvent *event) override;
   /// Takes no key, so that Escape doesn't close it.
@@ -30,6 +34,7 @@ private:
 
   QLabel *m_lblLoading;
   QTimer m_tmrDots{this};
+  QElapsedTimer m_sinceHidden;
   int m_dots = 0;
 };
 

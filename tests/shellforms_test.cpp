@@ -387,7 +387,7 @@ TEST(Dialogs, AreCancelledWhenTheirOwnerEnds) {
   }
 }
 
-TEST(Splash, TheDotsGoRound) {
+TEST(Splash, TheDotsGoRoundWhileItShows) {
   frmSplash splash;
   const auto *label = splash.findChild<QLabel *>(QStringLiteral("lblLoading"));
   auto *tmrDots = splash.findChild<QTimer *>();
@@ -400,6 +400,11 @@ TEST(Splash, TheDotsGoRound) {
   }
   EXPECT_THAT(texts, ElementsAre("Loading...", "Loading", "Loading.", "Loading..", "Loading...",
                                  "Loading"));
+  splash.show();
+  splash.hide();
+  EXPECT_FALSE(tmrDots->isActive());
+  splash.show();
+  EXPECT_TRUE(tmrDots->isActive());
 }
 
 } // namespace
