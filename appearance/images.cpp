@@ -70,11 +70,15 @@ QString listedPath(const QString &path) {
   return QString(path).replace(u'|', bar);
 }
 
-void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files) {
+void LoadButtonImages(ButtonImageSet &set, const QString &tag, const QString &files) {
   const QStringList paths = fields(files, 3, "Incorrect paramaters to LoadButtonImages!");
-  set.Off = pictureOr(paths[0], button.Tag());
-  set.Over = pictureOr(paths[1], button.Tag() + QStringLiteral("_H"));
-  set.Down = pictureOr(paths[2], button.Tag() + QStringLiteral("_C"));
+  set.Off = pictureOr(paths[0], tag);
+  set.Over = pictureOr(paths[1], tag + QStringLiteral("_H"));
+  set.Down = pictureOr(paths[2], tag + QStringLiteral("_C"));
+}
+
+void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files) {
+  LoadButtonImages(set, button.Tag(), files);
   DoImage(button, set, true);
 }
 

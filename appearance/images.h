@@ -47,9 +47,11 @@ private:
 /// `path` as it has to stand in the lists of paths below: a "|" of its own must not part it.
 QString listedPath(const QString &path);
 
-/// Fills `set` from `files`, the paths of Off, Over and Down with "|" between them, and shows Off
-/// on `button`; the built-in bitmaps named by the button's Tag stand in for empty paths. Raises
-/// ownError unless there are three fields, and what LoadPicture raises.
+/// Fills `set` from `files`, the paths of Off, Over and Down with "|" between them; the built-in
+/// bitmaps named by the button's `tag` stand in for empty paths. Raises ownError unless there are
+/// three fields, and what LoadPicture raises.
+void LoadButtonImages(ButtonImageSet &set, const QString &tag, const QString &files);
+/// The same, and shows Off on `button`.
 void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files);
 
 /// Fills DeviceImages but 0 from a path for each in the same form, and raises the same. Stops at

@@ -124,7 +124,11 @@ void frmMain::Form_Load() {
           openFile(Cdlg.FileName, true);
         DoEvents();
       },
-      [this] { m_place.show(); }, [&] { splash.hide(); }, [this] { PopulateLockBoxes(); });
+      [this] { m_place.show(); }, [&] { splash.hide(); },
+      [this] {
+        if (m_forms.loaded<frmDevice>() != nullptr) // else it fills them when it is made
+          PopulateLockBoxes();
+      });
 }
 
 void frmMain::closeEvent(QCloseEvent *event) {
@@ -333,7 +337,9 @@ void frmMain::PopulateLockBoxes() {
 
 void frmMain::loadButtonImages(const QString &tag, const QString &files) {
   m_toolbar.loadImages(tag, files);
-  m_forms.get<frmSubnet>().loadImages(tag, files);
+  frmSubnet::loadImages(tag, files);
+  if (auto *panel = m_forms.loaded<frmSubnet>())
+    panel->showImages();
 }
 
 void frmMain::deviceImagesChanged() {

@@ -75,7 +75,7 @@ void frmToolbox::paintEvent(QPaintEvent * /*event*/) {
   paintFrame(painter, shpPreview, toQColor(TextColor));
 }
 
-/// The form may be older than the pictures: the first theme makes it before they are loaded.
+/// The form may be older than the pictures: a theme that can't be loaded leaves none.
 void frmToolbox::showEvent(QShowEvent * /*event*/) {
   if (m_picPreview->isEmpty())
     cboItem_Click();

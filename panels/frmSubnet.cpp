@@ -11,6 +11,9 @@
 namespace vnb {
 namespace {
 
+const QString addTag = QStringLiteral("ADDSUB");
+const QString removeTag = QStringLiteral("DELSUB");
+
 /// The buttons' pictures outlive the form: a theme gives them once.
 struct Images {
   ButtonImageSet add, remove;
@@ -55,8 +58,8 @@ frmSubnet::frmSubnet(const DiagramParts &diagram)
   m_lstSubnets = add<NumberList>(container(), "lstSubnets");
   m_lstSubnets->setAccessibleName(QStringLiteral("Valid subnets"));
   m_picAdd =
-      addButton("picAdd", "ADDSUB", "Add a subnet", 270, images().add, &frmSubnet::picAdd_Click);
-  m_picRemove = addButton("picRemove", "DELSUB", "Remove a subnet", 480, images().remove,
+      addButton("picAdd", addTag, "Add a subnet", 270, images().add, &frmSubnet::picAdd_Click);
+  m_picRemove = addButton("picRemove", removeTag, "Remove a subnet", 480, images().remove,
                           &frmSubnet::picRemove_Click);
   m_lstSystems = add<NumberList>(container(), "lstSystems");
   m_lstSystems->setAccessibleName(QStringLiteral("Other systems"));
@@ -66,9 +69,9 @@ frmSubnet::frmSubnet(const DiagramParts &diagram)
   showNoDevice();
 }
 
-PictureButton *frmSubnet::addButton(const char *name, const char *tag, const char *toolTip, int top,
-                                    ButtonImageSet &set, void (frmSubnet::*click)()) {
-  auto *button = add<PictureButton>(container(), name, QString::fromLatin1(tag));
+PictureButton *frmSubnet::addButton(const char *name, const QString &tag, const char *toolTip,
+                                    int top, ButtonImageSet &set, void (frmSubnet::*click)()) {
+  auto *button = add<PictureButton>(container(), name, tag);
   button->setToolTip(QString::fromLatin1(toolTip));
   button->setAccessibleName(button->toolTip());
   place(*button, {3630, top, 195, 195});
@@ -89,10 +92,15 @@ void frmSubnet::UpdateColors() {
 }
 
 void frmSubnet::loadImages(const QString &tag, const QString &files) {
-  if (tag == m_picAdd->Tag())
-    LoadButtonImages(images().add, *m_picAdd, files);
-  else if (tag == m_picRemove->Tag())
-    LoadButtonImages(images().remove, *m_picRemove, files);
+  if (tag == addTag)
+    LoadButtonImages(images().add, tag, files);
+  else if (tag == removeTag)
+    LoadButtonImages(images().remove, tag, files);
+}
+
+void frmSubnet::showImages() {
+  DoImage(*m_picAdd, images().add, true);
+  DoImage(*m_picRemove, images().remove, true);
 }
 
 void frmSubnet::selectionFill() {
@@ -101,6 +109,7 @@ void frmSubnet::selectionFill() {
   const std::vector<bool> listed = listedFor(lSelectedItem);
   std::vector<NumberRow> subnets;
   std::vector<NumberRow> others;
+  others.reserve(Systems.size());
   for (std::int32_t i = 0; i <= UBound(Systems); ++i) {
     if (i == lSelectedItem)
       continue;
@@ -111,7 +120,6 @@ void frmSubnet::selectionFill() {
   m_lstSubnets->setRows(std::move(subnets));
   m_lstSystems->setRows(std::move(others));
   for (const NumberRow &row : m_lstSubnets->rows())
-  others.reserve(Systems.size());
     diagram().selection.showSubnet(row.number);
 }
 

@@ -36,9 +36,7 @@ FormWindow &FormTable::form(Slot &slot) {
 }
 
 void FormTable::UpdateColors() {
-  for (Slot &slot : m_slots)
-    if (slot.row.themed)
-      form(slot).UpdateColors();
+  forEachLoaded([](FormWindow &form) { form.UpdateColors(); });
 }
 
 void FormTable::unload() {

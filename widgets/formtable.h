@@ -8,7 +8,6 @@
 #include <QPointer>
 
 #include <functional>
-#include <type_traits>
 #include <typeindex>
 #include <vector>
 
@@ -20,16 +19,13 @@ public:
   /// One form, and how it is made.
   struct Row {
     std::type_index type;
-    bool themed; // whether its colours are a theme's
     std::function<FormWindow *()> make;
   };
 
   /// The row of form `T`, which is made of `parts`. These must outlive the table.
   template <class T, class... Parts>
   static Row row(Parts &...parts) {
-    // Of another type if `T` has none of its own.
-    constexpr bool themed = std::is_same_v<decltype(&T::UpdateColors), void (T::*)()>;
-    return {typeid(T), themed, [&parts...] { return new T(parts...); }};
+    return {typeid(T), [&parts...] { return new T(parts...); }};
   }
 
   /// `rows` in the order of all loops.
@@ -58,7 +54,7 @@ public:
         visit(*slot.form);
   }
 
-  /// Every form with a theme's colours takes them; one that isn't there yet is made by that.
+  /// Every form that is there takes the theme's colours. One that isn't takes them when it is made.
   void UpdateColors();
 
   /// Closes all forms. Each goes with the next turn of the event loop, and can be addressed anew.
