@@ -42,31 +42,66 @@ bool isNear(const QLineF &line) {
                    std::abs(line.y2())}) <= nearEnough;
 }
 
+/// The part of `line` that lies in `area`, nothing if none does.
+std::optional<QLineF> cutTo(const QLineF &line, const QRect &area) {
+  if (QRectF(area).contains(line.p1()) && QRectF(area).contains(line.p2()))
+    return line;
+  Cut cut;
+  if (!cut.keep(line.x1(), line.dx(), area.left(), area.right()) ||
+      !cut.keep(line.y1(), line.dy(), area.top(), area.bottom()))
+    return std::nullopt;
+  return QLineF(line.pointAt(cut.first()), line.pointAt(cut.last()));
+}
+
+/// What a painted line can touch.
+QRectF boundsOf(const QLineF &line) {
+  return QRectF(line.p1(), line.p2())
+      .normalized()
+      .adjusted(-lineWidth, -lineWidth, lineWidth, lineWidth);
+}
+
 } // namespace
 
 QRect Line::within(const QRect &area) const {
-  const QRectF bounds = QRectF(QPointF(X1, Y1), QPointF(X2, Y2))
-                            .normalized()
-                            .adjusted(-lineWidth, -lineWidth, lineWidth, lineWidth);
-  return (bounds & QRectF(area)).toAlignedRect();
+  return (boundsOf({X1, Y1, X2, Y2}) & QRectF(area)).toAlignedRect();
+}
+
+QRegion Line::cover(const QRect &area) const {
+  constexpr double piece = 64; // pixels: thin enough for a line at any angle, and few
+  const std::optional<QLineF> part =
+      cutTo({X1, Y1, X2, Y2}, area.adjusted(-lineWidth, -lineWidth, lineWidth, lineWidth));
+  if (!part)
+    return {};
+  const int pieces =
+      1 + static_cast<int>(std::min(std::abs(part->dx()), std::abs(part->dy())) / piece);
+  QRegion result;
+  for (int i = 0; i < pieces; ++i)
+    result += boundsOf({part->pointAt(double(i) / pieces), part->pointAt(double(i + 1) / pieces)})
+                  .toAlignedRect() &
+              area;
+  return result;
+}
+
+bool Line::mayTouch(const QRect &area) const {
+  return std::max(X1, X2) >= static_cast<float>(area.left() - lineWidth) &&
+         std::min(X1, X2) <= static_cast<float>(area.right() + lineWidth) &&
+         std::max(Y1, Y2) >= static_cast<float>(area.top() - lineWidth) &&
+         std::min(Y1, Y2) <= static_cast<float>(area.bottom() + lineWidth);
+}
+
+double Line::lengthWithin(const QRect &area) const {
+  const std::optional<QLineF> part = mayTouch(area) ? cutTo({X1, Y1, X2, Y2}, area) : std::nullopt;
+  return part ? part->length() : 0;
 }
 
 std::optional<QLineF> Line::clipped(const QRect &area) const {
   // Most lines of a large network are far from the area.
-  if (std::max(X1, X2) < static_cast<float>(area.left() - lineWidth) ||
-      std::min(X1, X2) > static_cast<float>(area.right() + lineWidth) ||
-      std::max(Y1, Y2) < static_cast<float>(area.top() - lineWidth) ||
-      std::min(Y1, Y2) > static_cast<float>(area.bottom() + lineWidth))
+  if (!mayTouch(area))
     return std::nullopt;
   const QLineF line(X1, Y1, X2, Y2);
-  if (isNear(line))
-    return line;
   // Cut to bounds that don't depend on the area: a line must not shift where a part is repainted.
-  Cut cut;
-  if (!cut.keep(line.x1(), line.dx(), -nearEnough, nearEnough) ||
-      !cut.keep(line.y1(), line.dy(), -nearEnough, nearEnough))
-    return std::nullopt;
-  return QLineF(line.pointAt(cut.first()), line.pointAt(cut.last()));
+  constexpr int end = static_cast<int>(nearEnough);
+  return isNear(line) ? line : cutTo(line, {QPoint(-end, -end), QPoint(end, end)});
 }
 
 float toSingle(double value) {

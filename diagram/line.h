@@ -5,7 +5,7 @@
 #include "appearance/globals.h"
 
 #include <QLineF>
-#include <QRect>
+#include <QRegion>
 
 #include <optional>
 
@@ -20,8 +20,15 @@ struct Line {
   Colour BorderColor = 0;
   bool Visible = false;
 
+  bool operator==(const Line &) const = default;
   /// The rectangle that the painted line can touch, cut to `area`.
   QRect within(const QRect &area) const;
+  /// What the painted line covers of `area`, in few rectangles along it.
+  QRegion cover(const QRect &area) const;
+  /// Whether the painted line may touch `area`: it doesn't where this is false.
+  bool mayTouch(const QRect &area) const;
+  /// Length in pixels of the part within `area`.
+  double lengthWithin(const QRect &area) const;
   /// The part of the line to paint so that `area` looks right: ends far outside are brought near,
   /// since painters don't take them. Nothing if the line passes `area` by.
   std::optional<QLineF> clipped(const QRect &area) const;

@@ -5,6 +5,7 @@
 #include "diagram/accessiblesurface.h"
 #include "document/displaynames.h"
 #include "widgets/form.h"
+#include "widgets/style.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -13,6 +14,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace vnb {
@@ -24,25 +26,58 @@ constexpr QRgb blankSprite = 0xFF404040;
 /// Colour of the rubber band until a theme gives another.
 constexpr Colour designBandColour = 0xE48257;
 
+/// Past some number of parts one repaint of all is cheaper than keeping them apart.
+constexpr int manyParts = 128;
+
 /// A line to paint, with its colour.
 struct ColouredLine {
   QLineF line;
   Colour colour;
 };
 
+/// The outline of a line. The painter's own strokes depend on where it clips them, by single pixels
+/// that would stay behind; areas don't.
+std::array<QPointF, 4> outline(const QLineF &line) {
+  constexpr double half = lineWidth / 2.0;
+  const double length = line.length();
+  const QPointF along =
+      length > 0 ? QPointF(line.dx(), line.dy()) * (half / length) : QPointF(half, 0);
+  const QPointF across(-along.y(), along.x());
+  const QPointF first = line.p1() - along;
+  const QPointF second = line.p2() + along;
+  return {first + across, second + across, second - across, first - across};
+}
+
+void paintRun(QPainter &painter, const std::vector<QLineF> &lines, const QColor &colour,
+              Stroke stroke) {
+  if (stroke == Stroke::Exact) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    for (const QLineF &line : lines)
+      painter.drawConvexPolygon(outline(line).data(), 4);
+  } else {
+    painter.setPen(QPen(colour, lineWidth));
+    painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+  }
+}
+
 /// Paints lines in their order, those of one colour in one go.
-void paintAll(QPainter &painter, const std::vector<ColouredLine> &lines, bool smooth) {
-  painter.setRenderHint(QPainter::Antialiasing, smooth);
+void paintAll(QPainter &painter, const std::vector<ColouredLine> &lines, Stroke stroke) {
+  painter.setRenderHint(QPainter::Antialiasing, stroke == Stroke::Smooth);
   std::vector<QLineF> run;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     run.push_back(lines[i].line);
     if (i + 1 < lines.size() && lines[i + 1].colour == lines[i].colour)
       continue;
-    painter.setPen(QPen(toQColor(lines[i].colour), lineWidth));
-    painter.drawLines(run.data(), static_cast<int>(run.size()));
+    paintRun(painter, run, toQColor(lines[i].colour), stroke);
     run.clear();
   }
   painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+/// A fractional scale lets what is painted end within a pixel of the screen.
+QRect around(const QRect &area) {
+  return area.adjusted(-1, -1, 1, 1);
 }
 
 /// A text at the centre, with an edge around it that keeps it readable on any picture.
@@ -61,14 +96,23 @@ void paintLayer(QPainter &painter, const QRect &sprite, const SpriteLayer &layer
   if (layer.frameWidth == 0)
     return;
   const QRect area(sprite.topLeft(), QSize(layer.width, layer.height));
-  painter.setClipRect(sprite);
-  QPen pen(toQColor(layer.colour), layer.frameWidth, layer.dotted ? Qt::DotLine : Qt::SolidLine);
-  pen.setJoinStyle(Qt::MiterJoin);
-  painter.setPen(pen);
-  painter.drawRect(QRect(area.left() + 1, area.top() + 1, area.width() - 2, area.height() - 2));
+  const QColor colour = toQColor(layer.colour);
+  if (!layer.dotted && layer.number < 0 && sprite.contains(area)) {
+    paintFrame(painter, area, colour, layer.frameWidth); // thousands may have one
+    return;
+  }
+  painter.save();
+  painter.setClipRect(sprite, Qt::IntersectClip);
+  if (layer.dotted) {
+    painter.setPen(QPen(colour, layer.frameWidth, Qt::DotLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(area.adjusted(1, 1, -1, -1));
+  } else {
+    paintFrame(painter, area, colour, layer.frameWidth);
+  }
   if (layer.number >= 0)
-    paintNumber(painter, area, QString::number(layer.number), toQColor(layer.colour));
-  painter.setClipping(false);
+    paintNumber(painter, area, QString::number(layer.number), colour);
+  painter.restore();
 }
 
 SpriteRect rectOf(const SystemRec &record, const DeviceLooks &looks) {
@@ -102,24 +146,39 @@ Surface::Surface(QWidget *parent) : QWidget(parent) {
 }
 
 void Surface::setBackColor(Colour colour) {
+  if (colour != m_backColor)
+    update();
   m_backColor = colour;
   Cls();
 }
 
 void Surface::Cls() {
-  m_grid = {};
-  update();
+  setGrid({});
 }
 
 void Surface::DrawGrid(const std::function<void()> &yield) {
   if (GridRes <= 0)
     return;
-  // At any larger distance there are the same two lines.
-  m_grid = {.distance = std::min<std::int32_t>(GridRes, size + 1), .colour = GridColor};
-  update();
+  setGrid(wantedGrid());
   if (yield)
     for (int i = 0; i <= size; i += m_grid.distance)
       yield();
+}
+
+void Surface::redrawGrid() {
+  setGrid(ShowGrid && GridRes > 0 ? wantedGrid() : Grid());
+}
+
+Surface::Grid Surface::wantedGrid() {
+  // At any larger distance there are the same two lines.
+  return {.distance = std::min<std::int32_t>(GridRes, size + 1), .colour = GridColor};
+}
+
+void Surface::setGrid(Grid grid) {
+  if (grid == m_grid)
+    return;
+  m_grid = grid;
+  update();
 }
 
 std::int32_t Surface::lastDevice() const {
@@ -139,15 +198,45 @@ std::int32_t Surface::spriteAt(QPoint point) const {
   return -1;
 }
 
-void Surface::touch(const QRect &area) {
-  // Past some number of areas one repaint of all is cheaper than keeping them apart.
-  constexpr int many = 64;
-  if (area.isEmpty() || m_touches > many)
+void Surface::touch(std::int32_t i) {
+  if (const QRect place = spriteRect(i).within(rect()); !place.isEmpty())
+    touch(QRegion(around(place)));
+}
+
+void Surface::touch(const Line &line) {
+  forgetLines();
+  if (line.Visible && m_touched <= manyParts)
+    touch(line.cover(rect()));
+}
+
+void Surface::touchBand() {
+  if (lneXOR.Visible)
+    touch(lneXOR.cover(rect()));
+}
+
+void Surface::touch(const QRegion &area) {
+  if (area.isEmpty() || m_touched > manyParts)
     return;
-  if (++m_touches > many)
-    update();
+  m_touched += area.rectCount();
+  if (m_touched > manyParts)
+    QWidget::update();
   else
-    update(area);
+    QWidget::update(area);
+}
+
+void Surface::forgetLines() {
+  m_kept = {};
+  m_strokeFor = {};
+}
+
+void Surface::update() {
+  forgetLines();
+  QWidget::update();
+}
+
+QRect Surface::view() const {
+  const QWidget *container = parentWidget();
+  return container == nullptr ? rect() : rect() & container->rect().translated(-pos());
 }
 
 bool Surface::event(QEvent *event) {
@@ -163,17 +252,91 @@ bool Surface::event(QEvent *event) {
   return true;
 }
 
+/// Finds out anew how lines are painted, and whether as before.
+bool Surface::sameStroke() {
+  const Stroke before = m_stroke;
+  m_stroke = strokeInView();
+  m_strokeFor = view();
+  return m_stroke == before;
+}
+
+/// Part by part, each clipped to a rectangle: within any other shape the painter places scaled
+/// pictures by another rule, and takes longer.
 void Surface::paintEvent(QPaintEvent *event) {
-  m_touches = 0;
+  m_touched = 0;
+  if (view() != m_strokeFor && !sameStroke() && !(QRegion(view()) - event->region()).isEmpty())
+    update(); // no part keeps the other look
   QPainter painter(this);
-  paint(painter, event->rect());
+  const QRegion &area = event->region();
+  const bool linking = lneXOR.Visible;
+  if (linking)
+    keepBelowBand(painter.deviceTransform());
+  else
+    m_kept = {};
+  const Lines lines = linking ? Lines() : linesIn(area, m_stroke);
+  const std::vector<std::int32_t> sprites = spritesIn(area);
+  for (const QRect &part : area) {
+    painter.setClipRect(part);
+    if (linking)
+      paintKept(painter);
+    else
+      paintBelowBand(painter, around(part), lines);
+    paintBand(painter, around(part));
+    paintSprites(painter, around(part), sprites);
+  }
 }
 
 void Surface::paint(QPainter &painter, const QRect &area) const {
+  paintBelowBand(painter, area, linesIn(area, strokeInView()));
+  paintBand(painter, area);
+  paintSprites(painter, area, spritesIn(area));
+}
+
+void Surface::keepBelowBand(const QTransform &toDevice) {
+  const QRect place = toDevice.mapRect(QRectF(view())).toAlignedRect();
+  if (!m_kept.picture.isNull() && m_kept.place == place && m_kept.toDevice == toDevice)
+    return;
+  m_kept = {.picture = QPixmap(place.size()), .toDevice = toDevice, .place = place};
+  QPainter keeper(&m_kept.picture);
+  keeper.setTransform(toDevice * QTransform::fromTranslate(-place.x(), -place.y()));
+  paintBelowBand(keeper, view(), linesIn(view(), m_stroke));
+}
+
+/// Copies pixels of the device: the kept picture was painted under the same transformation.
+void Surface::paintKept(QPainter &painter) const {
+  painter.save();
+  painter.setTransform(m_kept.toDevice.inverted(), true);
+  painter.drawPixmap(m_kept.place.topLeft(), m_kept.picture);
+  painter.restore();
+}
+
+Surface::Lines Surface::linesIn(const QRegion &area, Stroke stroke) const {
+  const QRect bounds = area.boundingRect();
+  Lines result{.stroke = stroke, .lines = {}};
+  for (const Line &line : lneLink)
+    if (line.Visible && line.mayTouch(bounds) &&
+        std::ranges::any_of(area, [&](const QRect &part) { return line.mayTouch(part); }))
+      result.lines.push_back(line);
+  return result;
+}
+
+std::vector<std::int32_t> Surface::spritesIn(const QRegion &area) const {
+  const DeviceLooks looks;
+  const QRect bounds = around(area.boundingRect());
+  std::vector<std::int32_t> sprites;
+  for (std::int32_t i = 0; i <= lastDevice(); ++i) {
+    const SpriteRect place = rectOf(Systems[static_cast<std::size_t>(i)], looks);
+    if (place.overlaps(bounds) &&
+        std::ranges::any_of(area, [&](const QRect &part) { return place.overlaps(around(part)); }))
+      sprites.push_back(i);
+  }
+  return sprites;
+}
+
+void Surface::paintBelowBand(QPainter &painter, const QRect &area, const Lines &lines) const {
   painter.fillRect(area, toQColor(m_backColor));
   paintGrid(painter, area);
-  paintLines(painter, area);
-  paintSprites(painter, area);
+  paintLines(painter, area, lines);
 }
 
 void Surface::paintGrid(QPainter &painter, const QRect &area) const {
@@ -189,30 +352,47 @@ void Surface::paintGrid(QPainter &painter, const QRect &area) const {
     painter.fillRect(x, area.top(), 1, area.height(), colour);
 }
 
-void Surface::paintLines(QPainter &painter, const QRect &area) const {
-  std::vector<ColouredLine> lines;
-  for (const Line &line : lneLink)
-    if (line.Visible)
-      if (const auto part = line.clipped(area))
-        lines.push_back({*part, line.BorderColor});
-  // Smooth edges cost three times as much, and nobody sees them among thousands of lines. All lines
-  // count, not those in `area`: parts of a picture must look like the whole.
-  constexpr std::int32_t few = 1500;
-  paintAll(painter, lines, lneLink.UBound() <= few);
+/// All lines in view count, not those of a part: parts of a picture must look like the whole.
+Stroke Surface::strokeInView() const {
+  // In pixels of length, as many as can be smooth within a quarter of a frame. Each line costs as
+  // much again as some length.
+  constexpr double few = 200'000;
+  constexpr double many = 5 * few;
+  constexpr double each = 50;
+  const QRect seen = view();
+  double sum = 0;
+  for (const Line &line : lneLink) {
+    if (const double length = line.Visible ? line.lengthWithin(seen) : 0; length > 0)
+      sum += length + each;
+    if (sum > many)
+      return Stroke::Quick;
+  }
+  return sum > few ? Stroke::Exact : Stroke::Smooth;
+}
+
+void Surface::paintLines(QPainter &painter, const QRect &area, const Lines &lines) const {
+  std::vector<ColouredLine> parts;
+  for (const Line &line : lines.lines)
+    if (const auto part = line.clipped(area))
+      parts.push_back({*part, line.BorderColor});
+  paintAll(painter, parts, lines.stroke);
+}
+
+void Surface::paintBand(QPainter &painter, const QRect &area) const {
   if (!lneXOR.Visible)
     return;
   if (const auto part = lneXOR.clipped(area)) {
     painter.setCompositionMode(QPainter::RasterOp_NotSourceXorDestination);
-    paintAll(painter, {{*part, lneXOR.BorderColor}}, false);
+    paintAll(painter, {{*part, lneXOR.BorderColor}}, Stroke::Exact);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
   }
 }
 
-void Surface::paintSprites(QPainter &painter, const QRect &area) const {
+void Surface::paintSprites(QPainter &painter, const QRect &area,
+                           const std::vector<std::int32_t> &sprites) const {
   painter.setFont(font());
   const DeviceLooks looks;
-  const std::int32_t last = lastDevice();
-  for (std::int32_t i = 0; i <= last; ++i) {
+  for (const std::int32_t i : sprites) {
     const SystemRec &record = Systems[static_cast<std::size_t>(i)];
     const SpriteRect place = rectOf(record, looks);
     if (place.overlaps(area))

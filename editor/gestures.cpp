@@ -91,22 +91,20 @@ void Gestures::finishLink(std::int32_t Index) {
 }
 
 void Gestures::endLinking() {
-  m_diagram.surface.touch(m_diagram.surface.lneXOR);
+  m_diagram.surface.touchBand();
   m_diagram.surface.lneXOR.Visible = false;
   bLinking = false;
 }
 
 void Gestures::moveBand(QPoint end, bool show) {
   Line &band = m_diagram.surface.lneXOR;
-  if (band.Visible)
-    m_diagram.surface.touch(band);
+  m_diagram.surface.touchBand();
   band.X1 = static_cast<float>(lLinkX);
   band.Y1 = static_cast<float>(lLinkY);
   band.X2 = static_cast<float>(end.x());
   band.Y2 = static_cast<float>(end.y());
   band.Visible = band.Visible || show;
-  if (band.Visible)
-    m_diagram.surface.touch(band);
+  m_diagram.surface.touchBand();
 }
 
 void Gestures::picSystem_MouseMove(std::int32_t Index, QPoint at) {
