@@ -4,6 +4,8 @@
 #include "appearance/images.h"
 #include "runtime/report.h"
 
+#include <algorithm>
+
 namespace vnb {
 namespace {
 
@@ -13,6 +15,10 @@ LinkRec &link(std::int32_t lIndex) {
 
 float endX(const SpriteRect &sprite, double fraction) {
   return toSingle(sprite.Left + sprite.Width * fraction);
+}
+
+bool sameEnds(const Line &a, const Line &b) {
+  return a.X1 == b.X1 && a.Y1 == b.Y1 && a.X2 == b.X2 && a.Y2 == b.Y2;
 }
 
 float endY(const SpriteRect &sprite, double fraction) {
@@ -138,12 +144,37 @@ void DiagramOperations::RefreshLine(std::int32_t lIndex) {
   m_surface.touch(line);
 }
 
-/// Every line is laid once from its record; those without a record go, also when the user leaves.
+/// Repaints where lines differ from those that stood `before`. All that are left are in the same
+/// order.
+void DiagramOperations::touchChanged(const std::vector<Line> &before) {
+  std::int32_t next = 0;
+  for (const Line &was : before) {
+    const Line *const is = next > m_surface.lneLink.UBound() ? nullptr : &m_surface.lneLink(next);
+    if (is == nullptr || !sameEnds(was, *is)) {
+      m_surface.touch(was);
+      continue;
+    }
+    ++next;
+    if (was == *is)
+      continue;
+    m_surface.touch(was);
+    m_surface.touch(*is);
+  }
+  for (; next <= m_surface.lneLink.UBound(); ++next)
+    m_surface.touch(m_surface.lneLink(next));
+}
+
 void DiagramOperations::layAllLines(const Report &report) {
+  const std::vector<Line> before(m_surface.lneLink.begin(), m_surface.lneLink.end());
+  layLines(report);
+  touchChanged(before);
+}
+
+/// Every line is laid once from its record; those without a record go, also when the user leaves.
+void DiagramOperations::layLines(const Report &report) {
   ControlArray<Line> &lneLink = m_surface.lneLink;
   while (lneLink.UBound() > UBound(Links))
     lneLink.Unload(lneLink.UBound());
-  m_surface.update();
   for (std::int32_t i = 0; i <= lneLink.UBound(); ++i) {
     if (!layEnds(report, lneLink(i), link(i), true, true))
       return;
@@ -158,13 +189,23 @@ void DiagramOperations::RemoveLink(std::int32_t lIndex, bool bSuppressReorder) {
     layAllLines(Report("frmMain", "RemoveLink"));
 }
 
+/// Sprites from `first` on move to other records, but what is drawn on them stays.
+void DiagramOperations::touchFramed(std::int32_t first) {
+  for (std::int32_t i = std::max(first, 0); i <= m_surface.picSystem.UBound(); ++i)
+    if (i == first || m_surface.picSystem(i).layer.frameWidth > 0)
+      m_surface.touch(i);
+}
+
 void DiagramOperations::RemoveSystem(std::int32_t lIndex) {
+  touchFramed(lIndex);
   DocumentOperations::RemoveSystem(lIndex);
   ControlArray<Sprite> &picSystem = m_surface.picSystem;
+  if (picSystem.UBound() <= UBound(Systems))
+    m_surface.touch(picSystem.UBound()); // shows a device that had no sprite
   // Sprites hold no place and no type, so the top one may go in place of any.
   while (picSystem.UBound() > UBound(Systems))
     picSystem.Unload(picSystem.UBound());
-  m_surface.update();
+  touchFramed(lIndex);
   m_view.systemRemoved(lIndex);
   layAllLines(Report("frmMain", "RemoveSystem"));
 }

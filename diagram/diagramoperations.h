@@ -45,6 +45,9 @@ private:
   bool layEnds(const Report &report, Line &line, const LinkRec &record, bool first,
                bool second) const;
   void layAllLines(const Report &report);
+  void layLines(const Report &report);
+  void touchChanged(const std::vector<Line> &before);
+  void touchFramed(std::int32_t first);
 
   Surface &m_surface;
   EditorView &m_view;

@@ -69,9 +69,11 @@ void Selection::SelectItem(std::int32_t lIndex, Colour lColour, bool bDoNotSelec
 void Selection::Deselect() {
   if (lSelectedItem < 0)
     return;
-  for (Sprite &sprite : m_surface.picSystem)
-    sprite = {};
-  m_surface.update();
+  for (std::int32_t i = 0; i <= m_surface.picSystem.UBound(); ++i) {
+    if (m_surface.picSystem(i).layer.frameWidth > 0)
+      wipe(i);
+    m_surface.picSystem(i).Tag = SpriteTag::None;
+  }
   m_loose.clear();
   ClearLinkHilites();
   lSelectedItem = -1;

@@ -268,16 +268,14 @@ void frmMain::picAbout_Click() {
 }
 
 void frmMain::redrawGrid() {
-  picLayout().Cls();
-  if (ShowGrid)
-    picLayout().DrawGrid();
+  picLayout().redrawGrid();
 }
 
 void frmMain::linkColorChanged() {
-  for (Line &line : picLayout().lneLink)
-    line.BorderColor = LinkColor;
+  picLayout().lneLink(0).BorderColor = LinkColor;
+  m_selection.ClearLinkHilites();
   picLayout().lneXOR.BorderColor = LinkColor;
-  picLayout().update();
+  picLayout().touchBand();
 }
 
 void frmMain::UpdateColors() {
