@@ -14,8 +14,7 @@ namespace vnb {
 /// dialog takes the pointer away, which is a release outside.
 class PictureButton : public QWidget {
 public:
-  /// Shows the built-in bitmap `tag` until it is given another picture. Raises 326 if there is
-  /// none.
+  /// Shows the built-in bitmap `tag`, which must be there, until it is given another picture.
   PictureButton(QWidget *parent, const QString &tag);
 
   /// Base name of its built-in bitmaps: TAG at rest, TAG_C pressed, and TAG_H, which nothing shows.
