@@ -4,11 +4,16 @@
 #include "runtime/error.h"
 #include "runtime/systemcalls.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <thread>
+#include <utility>
 
 namespace vnb {
 namespace {
@@ -122,7 +127,7 @@ void File::openForInput(const QString &path) {
   throw RuntimeError(Fault::PathFileAccess);
 }
 
-void File::openForOutput(const QString &path) {
+void File::openOrMake(const QString &path) {
   constexpr int flags = O_WRONLY | O_CREAT;
   // As a new one first: only a file that wasn't there is this program's to remove again.
   int fault = open(path, flags | O_EXCL);
@@ -135,6 +140,32 @@ void File::openForOutput(const QString &path) {
     throw RuntimeError(Fault::PathNotFound);
   if (fault != 0)
     throw systemError(fault);
+}
+
+/// Whether what is open is this program's alone until it is closed, and still what `path` names.
+/// A disk that knows no locks lets everybody in.
+bool File::isMine(const QString &path) const {
+  struct stat open {};
+  if (::fstat(m_handle, &open) != 0 || !S_ISREG(open.st_mode))
+    return true;
+  if (::flock(m_handle, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+    return false;
+  struct stat named {};
+  return ::stat(QFile::encodeName(path).constData(), &named) == 0 && named.st_ino == open.st_ino &&
+         named.st_dev == open.st_dev;
+}
+
+void File::openForOutput(const QString &path) {
+  openOrMake(path);
+  constexpr std::chrono::milliseconds pause(5);
+  // Another program's save, after which there may be no such file any more.
+  for (const QDeadlineTimer patience(100 * pause); !isMine(path); openOrMake(path)) {
+    m_made.clear();
+    closeHandle();
+    if (patience.hasExpired())
+      throw RuntimeError(Fault::PermissionDenied);
+    std::this_thread::sleep_for(pause);
+  }
 }
 
 QByteArray File::readAll() {
@@ -244,13 +275,20 @@ void File::close() {
 int File::closeHandle() {
   if (m_handle < 0)
     return 0;
+  // Half a file where there was none is worse than none.
+  const auto removeMade = [this] {
+    if (!m_made.isEmpty())
+      ::unlink(std::exchange(m_made, {}).constData());
+  };
+  // While no other program can have put its own into it.
+  if (!m_whole)
+    removeMade();
   int fault = systemCalls.close(m_handle) == 0 ? 0 : errno;
   // Linux has closed it even so, and a second close could hit a file opened since.
   if (fault == EINTR)
     fault = 0;
-  // Half a file where there was none is worse than none.
-  if (!m_made.isEmpty() && (!m_whole || fault != 0))
-    ::unlink(m_made.constData());
+  if (fault != 0)
+    removeMade();
   m_handle = -1;
   m_made.clear();
   return fault;

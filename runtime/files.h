@@ -30,8 +30,9 @@ public:
   void openForInput(const QString &path);
   /// Opens or makes a file; what stands in it stays until `write`. Raises 76 if its folder is
   /// missing and 75 for a folder. Never waits for the other end of a pipe: one that nobody reads
-  /// raises 57. A file that it has made is removed by `close` unless its content has been written
-  /// and flushed without a fault.
+  /// raises 57. Where another File holds the same file for output, in whatever program, it waits
+  /// for its `close`, for half a second at most, and then raises 70. A file that it has made is
+  /// removed by `close` unless its content has been written and flushed without a fault.
   void openForOutput(const QString &path);
   /// The whole content. Raises 7 beyond `largest`.
   QByteArray readAll();
@@ -51,6 +52,8 @@ public:
 
 private:
   int open(const QString &path, int flags);
+  void openOrMake(const QString &path);
+  bool isMine(const QString &path) const;
   /// Raises 52 when the file isn't open.
   int handle() const;
   struct stat status() const;

@@ -153,7 +153,13 @@ TEST(File, RaisesTheClassicNumbers) {
     errors.push_back(raised([&] { File().openForInput(path); }));
   for (const QString &path : {QString(), here, folder.path("no/x")})
     errors.push_back(raised([&] { File().openForOutput(path); }));
-  EXPECT_THAT(errors, ElementsAre("52", "75", "53", "75", "76", "52", "75", "76"));
+  File taken; // by another program, as it were
+  taken.openForOutput(folder.path("x"));
+  errors.push_back(raised([&] { File().openForOutput(folder.path("x")); }));
+  taken.close();
+  errors.push_back(raised([&] { File().openForOutput(folder.path("x")); }));
+  EXPECT_THAT(errors, ElementsAre("52", "75", "53", "75", "76", "52", "75", "76", "70", ""));
+  EXPECT_EQ(Folder::bytes(folder.path("x")), "x");
 }
 
 /// Where room can't be reserved, in blocks of 1,024 bytes: those that the old content has are free.
