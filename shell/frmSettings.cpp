@@ -28,7 +28,7 @@ constexpr auto swatches = [] {
 // Twips.
 constexpr int swatchStep = 225;
 constexpr int formHeight = 75 + swatchStep * static_cast<int>(swatches.size());
-constexpr int buttons = formHeight - 435;
+constexpr int buttonTop = formHeight - 435;
 
 } // namespace
 
@@ -41,9 +41,9 @@ frmSettings::frmSettings(EditorView &view)
   nameAfter(*m_txtGridRes, *lblGridRes);
   m_chkLoadLast =
       addCaptioned<QCheckBox>(*this, "chkLoadLast", "Auto-load last file", {105, 660, 1800, 195});
-  auto *cmdOK = addCaptioned<QPushButton>(*this, "cmdOK", "OK", {90, buttons, 1065, 375});
+  auto *cmdOK = addCaptioned<QPushButton>(*this, "cmdOK", "OK", {90, buttonTop, 1065, 375});
   auto *cmdCancel =
-      addCaptioned<QPushButton>(*this, "cmdCancel", "Cancel", {1170, buttons, 1065, 375});
+      addCaptioned<QPushButton>(*this, "cmdCancel", "Cancel", {1170, buttonTop, 1065, 375});
   addSwatches();
   connect(m_txtGridRes, &TextBox::textChanged, this, &frmSettings::txtGridRes_Change);
   connect(m_txtGridRes, &TextBox::returnPressed, cmdOK, &QPushButton::click);
