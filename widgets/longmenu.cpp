@@ -55,6 +55,11 @@ private:
   const QMenu &m_menu;
 };
 
+void closeMenus() {
+  while (QWidget *popup = QApplication::activePopupWidget())
+    popup->close();
+}
+
 } // namespace
 
 /// The picked row is the highlighted entry, which follows the pointer.
@@ -85,15 +90,23 @@ public:
     return {entry.width() + bar, std::min(count, fitting) * entry.height()};
   }
 
+  /// A list would else be several rows high at least.
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
   /// A key that the menu has got: windows of menus have no focus to give.
-  void press(QKeyEvent *event) {
-    const int last = static_cast<int>(rows().size()) - 1;
-    const int end = event->key() == Qt::Key_Up ? 0 : last;
-    const bool arrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-    if (arrow && ListIndex() == end)
-      setListIndex(last - end); // round and round, as in any menu
-    else
-      keyPressEvent(event);
+  void press(QKeyEvent *event) { keyPressEvent(event); }
+
+  /// Goes to the next row or the one before, round and round, as in any menu.
+  void step(int by) {
+    const int count = static_cast<int>(rows().size());
+    const int from = ListIndex() < 0 && by < 0 ? 0 : ListIndex();
+    setListIndex((from + by + count) % count);
+  }
+
+  /// Highlights the row at `point` of the viewport, none where there is none.
+  void highlight(QPoint point) {
+    const QModelIndex under = viewport()->rect().contains(point) ? indexAt(point) : QModelIndex();
+    selectionModel()->setCurrentIndex(under, QItemSelectionModel::ClearAndSelect);
   }
 
 protected:
@@ -106,14 +119,18 @@ protected:
     event.setChild(current.row());
     QAccessible::updateAccessibility(&event);
   }
-  void mouseMoveEvent(QMouseEvent *event) override {
-    if (const QModelIndex under = indexAt(event->position().toPoint()); under.isValid())
-      selectionModel()->setCurrentIndex(under, QItemSelectionModel::ClearAndSelect);
-  }
+  void mouseMoveEvent(QMouseEvent *event) override { highlight(event->position().toPoint()); }
   void mousePressEvent(QMouseEvent *event) override { mouseMoveEvent(event); }
   void mouseReleaseEvent(QMouseEvent *event) override {
-    if (const QModelIndex under = indexAt(event->position().toPoint()); under.isValid())
-      m_menu.choose(under.row());
+    mouseMoveEvent(event);
+    if (ListIndex() >= 0)
+      m_menu.choose(ListIndex());
+    else
+      closeMenus();
+  }
+  void wheelEvent(QWheelEvent *event) override {
+    NumberList::wheelEvent(event);
+    highlight(event->position().toPoint());
   }
 
 private:
@@ -135,21 +152,39 @@ LongMenu::LongMenu(const QString &title, QWidget *parent)
 }
 
 void LongMenu::keyPressEvent(QKeyEvent *event) {
+  const bool plain = (event->modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == 0;
+  const QString text = event->text();
   switch (event->key()) {
   case Qt::Key_Return:
   case Qt::Key_Enter:
-  case Qt::Key_Space:
     if (m_entries->ListIndex() >= 0)
       choose(m_entries->ListIndex());
     break;
-  case Qt::Key_Left:
-  case Qt::Key_Right:
-  case Qt::Key_Escape:
-    QMenu::keyPressEvent(event);
+  case Qt::Key_Down:
+  case Qt::Key_Tab:
+    m_entries->step(1);
+    break;
+  case Qt::Key_Up:
+  case Qt::Key_Backtab:
+    m_entries->step(-1);
+    break;
+  case Qt::Key_Home:
+  case Qt::Key_End:
+  case Qt::Key_PageUp:
+  case Qt::Key_PageDown:
+    m_entries->press(event);
     break;
   default:
-    m_entries->press(event);
+    if (plain && !text.isEmpty() && text.front().isLetterOrNumber())
+      m_entries->press(event); // searches
+    else
+      QMenu::keyPressEvent(event);
   }
+}
+
+void LongMenu::mouseMoveEvent(QMouseEvent *event) {
+  m_entries->highlight(QPoint(-1, -1)); // the pointer isn't in the list
+  QMenu::mouseMoveEvent(event);
 }
 
 void LongMenu::setRows(std::vector<NumberRow> rows) {
@@ -163,8 +198,7 @@ const std::vector<NumberRow> &LongMenu::rows() const {
 
 void LongMenu::choose(int row) {
   const NumberRow chosen = at(rows(), row);
-  while (QWidget *popup = QApplication::activePopupWidget())
-    popup->close();
+  closeMenus();
   if (Click)
     Click(chosen);
 }

@@ -25,6 +25,7 @@ public:
 
 protected:
   void keyPressEvent(QKeyEvent *event) override;
+  void mouseMoveEvent(QMouseEvent *event) override;
 
 private:
   class Entries;
