@@ -74,8 +74,33 @@ QByteArray CodePage::encode(QStringView text) const {
   return bytes;
 }
 
+/// The letter with as many of its marks as the page has in one, and the others behind it; the
+/// character itself if the page lacks one of these, too.
+QString CodePage::spelled(QChar character) const {
+  constexpr char16_t commaBelow = 0x326;
+  constexpr char16_t cedilla = 0x327;
+  const QString parts = QString(character)
+                            .normalized(QString::NormalizationForm_D)
+                            .replace(QChar(commaBelow), QChar(cedilla));
+  QString letter = parts.first(1);
+  QString marks;
+  for (const QChar mark : parts.sliced(1)) {
+    const QString both = (letter + mark).normalized(QString::NormalizationForm_C);
+    if (both.size() == 1 && has(both[0]))
+      letter = both;
+    else
+      marks += mark;
+  }
+  QString result = letter + marks;
+  return std::ranges::all_of(result, [this](QChar c) { return has(c); }) ? result : character;
+}
+
 QString CodePage::holdable(const QString &text) const {
-  const QByteArray bytes = encode(text);
+  QString spelledText;
+  spelledText.reserve(text.size());
+  for (const QChar character : text)
+    spelledText += has(character) ? QString(character) : spelled(character);
+  const QByteArray bytes = encode(spelledText);
   return decode({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 

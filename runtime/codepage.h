@@ -27,14 +27,19 @@ public:
 
   QByteArray encode(QStringView text) const;
 
-  /// `text` as it comes back after being saved: every character that the page lacks is a "?". It
-  /// may be shorter, as a pair of surrogates is one character.
+  /// `text` as it comes back after being saved: a character that the page lacks is spelled in
+  /// others that it has (a Vietnamese letter with its tone behind it, a Romanian comma below as a
+  /// cedilla), or is a "?". It may be shorter, as a pair of surrogates is one character, or longer.
   QString holdable(const QString &text) const;
 
   int number() const { return m_number; }
 
 private:
   char byteOf(char16_t character) const;
+  bool has(QChar character) const {
+    return character == u'?' || byteOf(character.unicode()) != '?';
+  }
+  QString spelled(QChar character) const;
 
   struct Pair {
     char16_t character;

@@ -95,6 +95,9 @@ TEST(CodePage, MapsAllBytesOneToOneAndMarksTheRest) {
     EXPECT_EQ(page.number(), number);
   }
   EXPECT_EQ(CodePage(1252).holdable(QStringLiteral("a€b→c\U0001F600d")), QStringLiteral("a€b?c?d"));
+  EXPECT_EQ(CodePage(1250).holdable(QStringLiteral("șțȘȚáễ")), QStringLiteral("şţŞŢá?"));
+  EXPECT_EQ(CodePage(1258).holdable(QStringLiteral("Việt ắÌđ→")),
+            QStringLiteral("Viê\u0323t ă\u0301I\u0300đ?"));
   EXPECT_EQ(CodePage(1251).encode(QStringLiteral("Жé")), QByteArray("\xC6?"));
   EXPECT_EQ(CodePage(1252).encode(QString(QChar(0xD83D))), QByteArray("?"));
 }
