@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/codepage.h"
-#include "runtime/controlarray.h"
 #include "runtime/files.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
@@ -109,21 +108,6 @@ TEST(CodePage, FollowsTheLocaleOfCharacters) {
               "de_DE@euro -> 1252", "el_GR.ISO-8859-7 -> 1253", "C.UTF-8 -> 1252", "POSIX -> 1252",
               " -> 1252"}))
     EXPECT_EQ(std::to_string(codePageNumber(QString::fromStdString(locale))), number) << locale;
-}
-
-TEST(ControlArray, GrowsAndShrinksAtTheTop) {
-  ControlArray<int> array(5);
-  EXPECT_EQ(array.Load(1), 5);
-  Words errors;
-  for (const std::int32_t index : {2, -1, 32768})
-    errors.push_back(raised([&] { array(index); }));
-  for (const std::int32_t index : {1, 3, 32768})
-    errors.push_back(raised([&] { array.Load(index); }));
-  for (const std::int32_t index : {2, 0})
-    errors.push_back(raised([&] { array.Unload(index); }));
-  EXPECT_THAT(errors, ElementsAre("340", "340", "6", "360", "340", "6", "340", "362"));
-  array.Unload(1);
-  EXPECT_EQ(array.UBound(), 0);
 }
 
 TEST(Report, YesGoesOnAndNoLeaves) {

@@ -122,23 +122,6 @@ TEST_F(SettingsDialog, TheGridBoxHoldsANumber) {
   }
 }
 
-TEST_F(SettingsDialog, TheGridBoxCanBeTypedInto) {
-  form().show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&form()));
-  box().setFocus();
-  box().clear();
-  EXPECT_EQ(box().text(), u"0");
-  box().selectAll();
-  QTest::keyClicks(&box(), QStringLiteral("4a56"));
-  EXPECT_EQ(box().text(), u"456") << "letters vanish as they are typed";
-  box().setCursorPosition(1);
-  QTest::keyClick(&box(), Qt::Key_Delete);
-  QTest::keyClicks(&box(), QStringLiteral("78"));
-  EXPECT_EQ(box().text(), u"476") << "in the middle, and no more than three";
-  QTest::keyClick(&box(), Qt::Key_Return);
-  EXPECT_EQ(GridRes, 476);
-}
-
 TEST_F(SettingsDialog, AClickOnASwatchAsksForItsColour) {
   Cdlg.flags = CdlgEx::LongNames | CdlgEx::HideReadOnly;
   answer = qRgb(1, 2, 3);
