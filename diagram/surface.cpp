@@ -35,17 +35,14 @@ struct ColouredLine {
   Colour colour;
 };
 
-/// The outline of a line. The painter's own strokes depend on where it clips them, by single pixels
-/// that would stay behind; areas don't.
+/// The outline of a line, flat at the ends: nothing pokes out behind the edge of a device. The
+/// painter's own strokes depend on where it clips them, by single pixels that would stay behind;
+/// areas don't.
 std::array<QPointF, 4> outline(const QLineF &line) {
   constexpr double half = lineWidth / 2.0;
   const double length = line.length();
-  const QPointF along =
-      length > 0 ? QPointF(line.dx(), line.dy()) * (half / length) : QPointF(half, 0);
-  const QPointF across(-along.y(), along.x());
-  const QPointF first = line.p1() - along;
-  const QPointF second = line.p2() + along;
-  return {first + across, second + across, second - across, first - across};
+  const QPointF across = length > 0 ? QPointF(-line.dy(), line.dx()) * (half / length) : QPointF();
+  return {line.p1() + across, line.p2() + across, line.p2() - across, line.p1() - across};
 }
 
 void paintRun(QPainter &painter, const std::vector<QLineF> &lines, const QColor &colour,
@@ -56,23 +53,28 @@ void paintRun(QPainter &painter, const std::vector<QLineF> &lines, const QColor 
     for (const QLineF &line : lines)
       painter.drawConvexPolygon(outline(line).data(), 4);
   } else {
-    painter.setPen(QPen(colour, lineWidth));
+    painter.setRenderHint(QPainter::Antialiasing, stroke == Stroke::Smooth);
+    painter.setPen(QPen(colour, lineWidth, Qt::SolidLine, Qt::FlatCap));
     painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+    painter.setRenderHint(QPainter::Antialiasing, false);
   }
 }
 
 /// Paints lines in their order, those of one colour in one go.
 void paintAll(QPainter &painter, const std::vector<ColouredLine> &lines, Stroke stroke) {
-  painter.setRenderHint(QPainter::Antialiasing, stroke == Stroke::Smooth);
+  const ScreenPixels pixels(painter);
   std::vector<QLineF> run;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    run.push_back(lines[i].line);
+    const QColor colour = toQColor(lines[i].colour);
+    if (const auto sharp = pixels.of(lines[i].line))
+      painter.fillRect(*sharp, colour);
+    else
+      run.push_back(lines[i].line);
     if (i + 1 < lines.size() && lines[i + 1].colour == lines[i].colour)
       continue;
-    paintRun(painter, run, toQColor(lines[i].colour), stroke);
+    paintRun(painter, run, colour, stroke);
     run.clear();
   }
-  painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
 /// A fractional scale lets what is painted end within a pixel of the screen.
@@ -346,10 +348,13 @@ void Surface::paintGrid(QPainter &painter, const QRect &area) const {
   const auto firstFrom = [this](int start) {
     return (std::max(start, 0) + m_grid.distance - 1) / m_grid.distance * m_grid.distance;
   };
-  for (int y = firstFrom(area.top()); y <= area.bottom(); y += m_grid.distance)
-    painter.fillRect(area.left(), y, area.width(), 1, colour);
-  for (int x = firstFrom(area.left()); x <= area.right(); x += m_grid.distance)
-    painter.fillRect(x, area.top(), 1, area.height(), colour);
+  const ScreenPixels pixels(painter);
+  const QRectF part(area);
+  // One line more on each side: it may have been moved into the area.
+  for (int y = firstFrom(area.top() - 1); y <= area.bottom() + 1; y += m_grid.distance)
+    painter.fillRect(pixels.level(part.left(), part.right(), y, 1), colour);
+  for (int x = firstFrom(area.left() - 1); x <= area.right() + 1; x += m_grid.distance)
+    painter.fillRect(pixels.upright(part.top(), part.bottom(), x, 1), colour);
 }
 
 /// All lines in view count, not those of a part: parts of a picture must look like the whole.
