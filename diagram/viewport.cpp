@@ -16,6 +16,26 @@ void setMaximum(QScrollBar &bar, int maximum) {
   bar.setRange(0, std::max(maximum, 0));
 }
 
+/// A scroll bar that leaves the wheel to its form.
+class Bar : public QScrollBar {
+public:
+  using QScrollBar::QScrollBar;
+
+protected:
+  void wheelEvent(QWheelEvent *event) override { event->ignore(); }
+};
+
+/// How far an event moves the surface. Touchpads tell pixels; what X tells as those of a wheel's
+/// whole notches is no such measure.
+QPoint scrolled(const QWheelEvent &event) {
+  constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
+  constexpr int step = 100; // pixels for a notch, as a large step of the bars
+  const QPoint angle = event.angleDelta();
+  const bool notches = !angle.isNull() && angle.x() % notch == 0 && angle.y() % notch == 0 &&
+                       event.device()->type() != QInputDevice::DeviceType::TouchPad;
+  return event.pixelDelta().isNull() || notches ? angle * step / notch : event.pixelDelta();
+}
+
 } // namespace
 
 Viewport::Viewport(QWidget &form)
@@ -32,7 +52,7 @@ Viewport::Viewport(QWidget &form)
 }
 
 QScrollBar *Viewport::bar(QWidget &form, Qt::Orientation orientation, const char *name) {
-  auto *result = new QScrollBar(orientation, &form);
+  auto *result = new Bar(orientation, &form);
   result->setObjectName(QString::fromLatin1(name));
   result->setAccessibleName(orientation == Qt::Horizontal
                                 ? QStringLiteral("Layout, left to right")
@@ -62,9 +82,14 @@ void Viewport::UpdateColors() {
   m_vsbScroll->setPalette(controlPalette());
 }
 
-void Viewport::scrollBy(QPoint distance) {
-  m_hsbScroll->setValue(m_hsbScroll->value() + distance.x());
-  m_vsbScroll->setValue(m_vsbScroll->value() + distance.y());
+void Viewport::wheel(const QWheelEvent &event) {
+  QPoint distance = scrolled(event);
+  const bool sideways = event.modifiers() == Qt::ShiftModifier ||
+                        m_hsbScroll->geometry().contains(event.position().toPoint());
+  if (sideways && distance.x() == 0)
+    distance = distance.transposed();
+  m_hsbScroll->setValue(m_hsbScroll->value() - distance.x());
+  m_vsbScroll->setValue(m_vsbScroll->value() - distance.y());
 }
 
 } // namespace vnb

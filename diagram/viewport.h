@@ -5,6 +5,7 @@
 #include "diagram/surface.h"
 
 #include <QScrollBar>
+#include <QWheelEvent>
 
 namespace vnb {
 
@@ -29,8 +30,10 @@ public:
   /// The surface takes BackgroundColor, which wipes its grid, the bars the theme's colours.
   void UpdateColors();
 
-  /// Scrolls by so many pixels, to the right and down, as far as the bars go.
-  void scrollBy(QPoint distance);
+  /// Scrolls as a wheel or touchpad asks for, as far as the bars go: sideways with Shift and over
+  /// `hsbScroll`. The event's place is the form's: bars leave theirs to it, so that a notch is as
+  /// far everywhere.
+  void wheel(const QWheelEvent &event);
 
 private:
   QScrollBar *bar(QWidget &form, Qt::Orientation orientation, const char *name);

@@ -25,7 +25,6 @@ namespace vnb {
 namespace {
 
 constexpr QSize designSize(538, 467);
-constexpr int wheelStep = 100; // pixels for a notch, as a large step of the bars
 
 void DoEvents() {
   QCoreApplication::processEvents();
@@ -187,8 +186,7 @@ void frmMain::openMenu(std::int32_t Index, QPoint global) {
 }
 
 void frmMain::wheelEvent(QWheelEvent *event) {
-  // A wheel that is turned away counts up, and goes up.
-  m_viewport.scrollBy(-event->angleDelta() * wheelStep / QWheelEvent::DefaultDeltasPerStep);
+  m_viewport.wheel(*event);
 }
 
 void frmMain::Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift) {

@@ -21,6 +21,13 @@ constexpr QPoint square(530, 460); // of the form, bare between the scroll bars
 
 // Select and move.
 
+void turnWheel(QWidget &on, QPoint angle, QPoint pixels = {}, Qt::KeyboardModifiers keys = {}) {
+  const QPointF at(1, 1);
+  QWheelEvent wheel(at, on.mapToGlobal(at), pixels, angle, {}, keys, Qt::NoScrollPhase, false);
+  QSpontaneKeyEvent::setSpontaneous(&wheel);
+  qApp->notify(&on, &wheel);
+}
+
 TEST_F(Gesture, APressSelectsAndOnlyTheLeftButtonDrags) {
   std::vector<std::int32_t> menus;
   gestures().openMenu = [&](std::int32_t Index, QPoint) { menus.push_back(Index); };
@@ -190,16 +197,25 @@ TEST_F(Gesture, TheBandStaysAtItsDeviceWhenTheSurfaceIsScrolled) {
   EXPECT_EQ(band(), "hidden") << "first shows on the bare surface";
   moveIn(main, square);
   EXPECT_EQ(band(), "124,60-530,460") << "the form's coordinates as they come";
-  QWheelEvent wheel({}, surface().mapToGlobal(QPointF()), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
-                    false);
-  QSpontaneKeyEvent::setSpontaneous(&wheel);
-  qApp->notify(&surface(), &wheel);
+  turnWheel(surface(), {0, -120});
   EXPECT_EQ(surface().pos(), QPoint(0, -100));
   moveTo(410, 310);
   EXPECT_EQ(band(), "124,60-410,310");
   doubleClick(terminal);
   EXPECT_EQ(band(), "hidden");
   EXPECT_EQ(dumpLinks(), "1@0.5,0.5-2@0.5,0.5/1");
+}
+
+TEST_F(Gesture, TheWheelScrollsOverTheSurfaceAndOverItsBars) {
+  turnWheel(child("vsbScroll"), {0, -240});
+  EXPECT_EQ(surface().pos(), QPoint(0, -200)) << "as over the surface";
+  turnWheel(child("hsbScroll"), {0, -120});
+  turnWheel(surface(), {-120, 0});
+  EXPECT_EQ(surface().pos(), QPoint(-200, -200));
+  turnWheel(surface(), {0, 120}, {}, Qt::ShiftModifier);
+  EXPECT_EQ(surface().pos(), QPoint(-100, -200)) << "sideways";
+  turnWheel(surface(), {4, -56}, {3, -7});
+  EXPECT_EQ(surface().pos(), QPoint(-97, -207)) << "a touchpad tells pixels";
 }
 
 TEST_F(Gesture, APressThatBringsUpABoxStartsNoDrag) {
