@@ -25,6 +25,7 @@ namespace vnb {
 namespace {
 
 constexpr QSize designSize(538, 467);
+constexpr int leastSurface = 100; // pixels to be seen at least
 
 void DoEvents() {
   QCoreApplication::processEvents();
@@ -83,6 +84,7 @@ frmMain::frmMain()
   setAttribute(Qt::WA_AlwaysShowToolTips); // also while a panel has the keys
   setFocusPolicy(Qt::StrongFocus);
   setFocus(); // not the first button: nothing is marked until Tab is pressed
+  setMinimumSize(Toolbar::leastWidth, Toolbar::height + leastSurface + Viewport::barWidth);
   resize(designSize);
   m_gestures.openMenu = [this](std::int32_t Index, QPoint global) { openMenu(Index, global); };
 }

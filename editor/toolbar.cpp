@@ -38,7 +38,6 @@ constexpr int buttonSize = 24;
 constexpr int buttonTop = 1;
 constexpr std::array separators{77, 208, 289};
 constexpr int lineTop = 27;
-constexpr int statusLeft = 295;
 constexpr qreal statusPointSize = 9;
 
 /// "New LAN (Ctrl-N)".
@@ -63,7 +62,7 @@ Toolbar::Toolbar(QWidget *parent, std::function<void(std::size_t)> click)
   m_lblStatus->setObjectName(QStringLiteral("lblStatus"));
   m_lblStatus->setTextFormat(Qt::PlainText);
   m_lblStatus->setFont(formFont(statusPointSize));
-  m_lblStatus->move(statusLeft, 6);
+  m_lblStatus->move(leastWidth, 6);
   // The status line has a handler of its own: it clears itself, as bare toolbar does.
   m_lblStatus->setAttribute(Qt::WA_TransparentForMouseEvents);
   for (std::size_t i = 0; i < buttons.size(); ++i)

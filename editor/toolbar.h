@@ -37,6 +37,7 @@ class Toolbar : public QWidget {
 public:
   /// Pixels, with the line along its lower edge.
   static constexpr int height = 29;
+  static constexpr int leastWidth = 295; // with all buttons
 
   /// `click` runs the action of the button with that number.
   Toolbar(QWidget *parent, std::function<void(std::size_t)> click);

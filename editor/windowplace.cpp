@@ -11,6 +11,8 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <cstdlib>
+
 namespace vnb {
 
 void WindowPlace::setLeft(std::int32_t lLeft) {
@@ -19,11 +21,19 @@ void WindowPlace::setLeft(std::int32_t lLeft) {
 void WindowPlace::setTop(std::int32_t lTop) {
   m_top = pixels(lTop);
 }
+
+/// `now`, or the stored edge if that is where the window was put: below a scale of 1 a pixel of the
+/// screen is more than one of the window, and rounding would carry it on from start to start.
+int WindowPlace::edge(const std::optional<int> &stored, int now) const {
+  const double scale = m_window.devicePixelRatioF();
+  const int rounding = scale < 1 ? static_cast<int>(1 / scale) : 0;
+  return stored && std::abs(*stored - now) <= rounding ? *stored : now;
+}
 double WindowPlace::Left() const {
-  return twips(m_window.x());
+  return twips(edge(m_left, m_window.x()));
 }
 double WindowPlace::Top() const {
-  return twips(m_window.y());
+  return twips(edge(m_top, m_window.y()));
 }
 
 void WindowPlace::LoadTheme(const QString &sFileName) {
@@ -50,9 +60,12 @@ void WindowPlace::show() {
   if (m_left && m_top)
     moveOnScreen({*m_left, *m_top});
   m_window.show();
-  if (m_left.has_value() == m_top.has_value())
-    return;
   // The other edge is where the window system puts it.
+  const bool oneEdge = m_left.has_value() != m_top.has_value();
+  // Below a scale of 1 the place is taken for that of the contents while there is no frame.
+  const bool frameless = m_left && m_top && m_window.devicePixelRatioF() < 1;
+  if (!oneEdge && !frameless)
+    return;
   const QDeadlineTimer patience(500);
   while (!m_window.windowHandle()->isExposed() && !patience.hasExpired())
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
