@@ -24,6 +24,8 @@ public:
   /// Gives the button of this Tag its pictures; `files` as LoadButtonImages takes them. Raises what
   /// that raises.
   virtual void loadButtonImages(const QString & /*tag*/, const QString & /*files*/) {}
+  /// ButtonImages is new: every button shows its own.
+  virtual void buttonImagesChanged() {}
   /// DeviceImages is new: every sprite takes its picture.
   virtual void deviceImagesChanged() {}
   /// Colours wipe the grid. A switch that fails asks first whether there was one, and brings it

@@ -2,6 +2,7 @@
 #include "appearance/frmThemes.h"
 
 #include "appearance/colours.h"
+#include "appearance/images.h"
 #include "appearance/theme.h"
 #include "runtime/error.h"
 #include "runtime/messagebox.h"
@@ -16,7 +17,8 @@
 namespace vnb {
 namespace {
 
-/// The theme in force, the user's own colours and the grid, to go back to when another theme fails.
+/// The theme in force, the colours (some are the user's own), the pictures and the grid, to go back
+/// to when another theme fails. Nothing is read again: the theme's files may be gone.
 class LookInForce {
 public:
   explicit LookInForce(const EditorView &view) : m_grid(view.hasGrid()) {
@@ -24,14 +26,12 @@ public:
       m_colours.push_back(*row.colour);
   }
 
-  /// Loads that theme again. What fails here failed before as well, and was told then.
   void restore(EditorView &view) const {
-    try {
-      LoadTheme(m_file, view);
-    } catch (const RuntimeError &) {
-      ThemeFile = m_file; // none at all was taken for the name of a folder
-    }
-    // The user's own, over which the theme has put its.
+    ThemeFile = m_file;
+    ThemeName = m_name;
+    allPictures() = m_pictures;
+    view.buttonImagesChanged();
+    view.deviceImagesChanged();
     for (std::size_t i = 0; i < m_colours.size(); ++i)
       *colourRows[i].colour = m_colours[i];
     view.linkColorChanged();
@@ -42,6 +42,8 @@ public:
 
 private:
   QString m_file = ThemeFile;
+  QString m_name = ThemeName;
+  Pictures m_pictures = allPictures();
   std::vector<Colour> m_colours;
   bool m_grid;
 };

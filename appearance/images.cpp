@@ -7,24 +7,12 @@
 
 #include <QPainter>
 
-#include <array>
-
 namespace vnb {
 
 namespace {
 
 DeviceLook lookOf(const QPixmap &picture) {
   return {.picture = picture, .size = picture.deviceIndependentSize().toSize()};
-}
-
-/// Made at first use: there is no picture before the application object.
-std::array<DeviceLook, SystemType::Last + 1> &looks() {
-  static std::array<DeviceLook, SystemType::Last + 1> all = [] {
-    std::array<DeviceLook, SystemType::Last + 1> start;
-    start[SystemType::Router] = lookOf(LoadResPicture(ResIDFromType(SystemType::Router)));
-    return start;
-  }();
-  return all;
 }
 
 /// Stands for a "|" within a path; no path holds it.
@@ -60,11 +48,32 @@ QPixmap onBlack(const QPixmap &picture) {
 
 } // namespace
 
-const QPixmap &DeviceImages(std::int32_t lType) {
-  return at(looks(), lType).picture;
+/// Made at first use: there is no picture before the application object.
+Pictures &allPictures() {
+  static Pictures all = [] {
+    Pictures start;
+    start.devices[SystemType::Router] = lookOf(LoadResPicture(ResIDFromType(SystemType::Router)));
+    return start;
+  }();
+  return all;
 }
 
-DeviceLooks::DeviceLooks() : m_looks(looks()) {}
+ButtonImageSet &ButtonImages(const QString &tag) {
+  return allPictures().buttons[tag];
+}
+
+void showImages(PictureButton &button) {
+  const auto show = [&button](bool up) { DoImage(button, ButtonImages(button.Tag()), up); };
+  button.MouseDown = [show] { show(false); };
+  button.MouseUp = [show] { show(true); };
+  show(true);
+}
+
+const QPixmap &DeviceImages(std::int32_t lType) {
+  return at(allPictures().devices, lType).picture;
+}
+
+DeviceLooks::DeviceLooks() : m_looks(allPictures().devices) {}
 
 QString listedPath(const QString &path) {
   return QString(path).replace(u'|', bar);
@@ -77,23 +86,16 @@ void LoadButtonImages(ButtonImageSet &set, const QString &tag, const QString &fi
   set.Down = pictureOr(paths[2], tag + QStringLiteral("_C"));
 }
 
-void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files) {
-  LoadButtonImages(set, button.Tag(), files);
-  DoImage(button, set, true);
-}
-
 void LoadDeviceImages(const QString &files) {
   const QStringList paths =
       fields(files, SystemType::Last, "Incorrect paramaters to LoadDeviceImages!");
   for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType)
-    at(looks(), lType) = lookOf(onBlack(pictureOr(paths[lType - 1], ResIDFromType(lType))));
+    at(allPictures().devices, lType) =
+        lookOf(onBlack(pictureOr(paths[lType - 1], ResIDFromType(lType))));
 }
 
 void DoImage(PictureButton &button, const ButtonImageSet &set, bool up) {
-  const QPixmap &picture = up ? set.Off : set.Down;
-  // While no theme has been loaded a button keeps the picture that it was designed with.
-  if (!picture.isNull())
-    button.setPicture(picture);
+  button.setPicture(up ? set.Off : set.Down);
 }
 
 } // namespace vnb

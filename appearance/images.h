@@ -8,6 +8,8 @@
 #include <QPixmap>
 #include <QString>
 
+#include <array>
+#include <map>
 #include <span>
 
 namespace vnb {
@@ -18,6 +20,12 @@ struct ButtonImageSet {
   QPixmap Over; // kept, but shown nowhere
   QPixmap Down; // while pressed
 };
+
+/// The pictures of the button with this Tag.
+ButtonImageSet &ButtonImages(const QString &tag);
+
+/// `button` shows its pictures from now on: Off, and Down while it is pressed.
+void showImages(PictureButton &button);
 
 /// Picture of a device type, opaque; that of type 0 is empty for good, and so are all but the
 /// router's, which is built in, until the first load. Raises 9 for a code above 16 or below 0. The
@@ -44,6 +52,13 @@ private:
   std::span<const DeviceLook> m_looks;
 };
 
+/// All pictures, to go back to after a load that fails.
+struct Pictures {
+  std::map<QString, ButtonImageSet> buttons; // by Tag
+  std::array<DeviceLook, SystemType::Last + 1> devices;
+};
+Pictures &allPictures();
+
 /// `path` as it has to stand in the lists of paths below: a "|" of its own must not part it.
 QString listedPath(const QString &path);
 
@@ -51,14 +66,12 @@ QString listedPath(const QString &path);
 /// bitmaps named by the button's `tag` stand in for empty paths. Raises ownError unless there are
 /// three fields, and what LoadPicture raises.
 void LoadButtonImages(ButtonImageSet &set, const QString &tag, const QString &files);
-/// The same, and shows Off on `button`.
-void LoadButtonImages(ButtonImageSet &set, PictureButton &button, const QString &files);
 
 /// Fills DeviceImages but 0 from a path for each in the same form, and raises the same. Stops at
 /// the first picture that can't be loaded; those of lower types are then done.
 void LoadDeviceImages(const QString &files);
 
-/// Shows Off if `up`, Down otherwise.
+/// Shows Off if `up`, Down otherwise; the picture of the design while none has been loaded.
 void DoImage(PictureButton &button, const ButtonImageSet &set, bool up);
 
 } // namespace vnb

@@ -334,10 +334,14 @@ void frmMain::PopulateLockBoxes() {
 }
 
 void frmMain::loadButtonImages(const QString &tag, const QString &files) {
-  m_toolbar.loadImages(tag, files);
-  frmSubnet::loadImages(tag, files);
+  LoadButtonImages(ButtonImages(tag), tag, files);
+  buttonImagesChanged();
+}
+
+void frmMain::buttonImagesChanged() {
+  m_toolbar.buttonImagesChanged();
   if (auto *panel = m_forms.loaded<frmSubnet>())
-    panel->showImages();
+    panel->buttonImagesChanged();
 }
 
 void frmMain::deviceImagesChanged() {

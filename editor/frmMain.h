@@ -89,6 +89,7 @@ private:
   void UpdateColors() override;
   void updateOwnColors();
   void loadButtonImages(const QString &tag, const QString &files) override;
+  void buttonImagesChanged() override;
   void deviceImagesChanged() override;
   bool hasGrid() const override { return m_viewport.picLayout().hasGrid(); }
   void redrawGrid() override;

@@ -54,8 +54,7 @@ std::span<const ToolbarButton> toolbarButtons() {
 }
 
 Toolbar::Toolbar(QWidget *parent, std::function<void(std::size_t)> click)
-    : QWidget(parent), m_click(std::move(click)), m_images(buttons.size()),
-      m_lblStatus(new QLabel(this)) {
+    : QWidget(parent), m_click(std::move(click)), m_lblStatus(new QLabel(this)) {
   setObjectName(QStringLiteral("picToolbar"));
   setFixedHeight(height);
   setMouseTracking(true);
@@ -76,17 +75,15 @@ void Toolbar::addButton(std::size_t index) {
   button->setAccessibleName(QString::fromLatin1(row.title));
   button->setToolTip(toolTipOf(row));
   button->setGeometry(row.left, buttonTop, buttonSize, buttonSize);
-  button->MouseDown = [this, index] { DoImage(*m_buttons[index], m_images[index], false); };
-  button->MouseUp = [this, index] { DoImage(*m_buttons[index], m_images[index], true); };
+  showImages(*button);
   button->MouseMove = [this, &row] { setStatus(QString::fromLatin1(row.title)); };
   button->Click = [this, index] { m_click(index); };
   m_buttons.push_back(button);
 }
 
-void Toolbar::loadImages(const QString &tag, const QString &files) {
-  for (std::size_t i = 0; i < m_buttons.size(); ++i)
-    if (m_buttons[i]->Tag() == tag)
-      LoadButtonImages(m_images[i], *m_buttons[i], files);
+void Toolbar::buttonImagesChanged() {
+  for (PictureButton *button : m_buttons)
+    showImages(*button);
 }
 
 void Toolbar::UpdateColors() {

@@ -44,9 +44,8 @@ public:
 
   /// Shows `text` behind the last button; an empty one clears the line.
   void setStatus(const QString &text);
-  /// Gives the button of this Tag its pictures: three paths as LoadButtonImages takes them. A Tag
-  /// of no button is passed over.
-  void loadImages(const QString &tag, const QString &files);
+  /// ButtonImages is new: every button shows its own.
+  void buttonImagesChanged();
   void UpdateColors();
 
 protected:
@@ -59,7 +58,6 @@ private:
 
   std::function<void(std::size_t)> m_click;
   std::vector<PictureButton *> m_buttons;
-  std::vector<ButtonImageSet> m_images;
   QLabel *m_lblStatus;
 };
 

@@ -11,8 +11,6 @@
 #include <QImage>
 #include <QTemporaryDir>
 
-#include <map>
-
 namespace {
 
 using namespace vnb;
@@ -23,12 +21,8 @@ public:
   void linkColorChanged() override { require(!m_coloured, "lines take their colour first"); }
   void UpdateColors() override { m_coloured = true; }
   void loadButtonImages(const QString &tag, const QString &files) override {
-    static std::map<QString, PictureButton *> buttons;
-    PictureButton *&button = buttons[tag];
-    if (button == nullptr)
-      button = new PictureButton(nullptr, tag);
     ButtonImageSet set;
-    LoadButtonImages(set, *button, files);
+    LoadButtonImages(set, tag, files);
     ++m_buttons;
   }
   void deviceImagesChanged() override {

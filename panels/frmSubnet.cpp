@@ -11,19 +11,6 @@
 namespace vnb {
 namespace {
 
-const QString addTag = QStringLiteral("ADDSUB");
-const QString removeTag = QStringLiteral("DELSUB");
-
-/// The buttons' pictures outlive the form: a theme gives them once.
-struct Images {
-  ButtonImageSet add, remove;
-};
-
-Images &images() {
-  static Images both;
-  return both;
-}
-
 /// Which systems stand in the valid-subnet list of `lFor`, marked in one pass: FindSubnet for each
 /// of them would be quadratic.
 std::vector<bool> listedFor(std::int32_t lFor) {
@@ -57,10 +44,9 @@ frmSubnet::frmSubnet(const DiagramParts &diagram)
       addLabel(container(), "lblSubnets", "Valid subnets for #####:", {60, 45, 7200, 195});
   m_lstSubnets = add<NumberList>(container(), "lstSubnets");
   m_lstSubnets->setAccessibleName(QStringLiteral("Valid subnets"));
-  m_picAdd =
-      addButton("picAdd", addTag, "Add a subnet", 270, images().add, &frmSubnet::picAdd_Click);
-  m_picRemove = addButton("picRemove", removeTag, "Remove a subnet", 480, images().remove,
-                          &frmSubnet::picRemove_Click);
+  m_picAdd = addButton("picAdd", "ADDSUB", "Add a subnet", 270, &frmSubnet::picAdd_Click);
+  m_picRemove =
+      addButton("picRemove", "DELSUB", "Remove a subnet", 480, &frmSubnet::picRemove_Click);
   m_lstSystems = add<NumberList>(container(), "lstSystems");
   m_lstSystems->setAccessibleName(QStringLiteral("Other systems"));
   place(*m_lstSubnets, {60, 270, 3510, 1320});
@@ -69,15 +55,13 @@ frmSubnet::frmSubnet(const DiagramParts &diagram)
   showNoDevice();
 }
 
-PictureButton *frmSubnet::addButton(const char *name, const QString &tag, const char *toolTip,
-                                    int top, ButtonImageSet &set, void (frmSubnet::*click)()) {
-  auto *button = add<PictureButton>(container(), name, tag);
+PictureButton *frmSubnet::addButton(const char *name, const char *tag, const char *toolTip, int top,
+                                    void (frmSubnet::*click)()) {
+  auto *button = add<PictureButton>(container(), name, QString::fromLatin1(tag));
   button->setToolTip(QString::fromLatin1(toolTip));
   button->setAccessibleName(button->toolTip());
   place(*button, {3630, top, 195, 195});
-  DoImage(*button, set, true);
-  button->MouseDown = [button, &set] { DoImage(*button, set, false); };
-  button->MouseUp = [button, &set] { DoImage(*button, set, true); };
+  showImages(*button);
   button->Click = [this, click] { (this->*click)(); };
   return button;
 }
@@ -91,16 +75,9 @@ void frmSubnet::UpdateColors() {
   setForeground(lblNoDevice(), RedTextColor);
 }
 
-void frmSubnet::loadImages(const QString &tag, const QString &files) {
-  if (tag == addTag)
-    LoadButtonImages(images().add, tag, files);
-  else if (tag == removeTag)
-    LoadButtonImages(images().remove, tag, files);
-}
-
-void frmSubnet::showImages() {
-  DoImage(*m_picAdd, images().add, true);
-  DoImage(*m_picRemove, images().remove, true);
+void frmSubnet::buttonImagesChanged() {
+  for (PictureButton *button : {m_picAdd, m_picRemove})
+    showImages(*button);
 }
 
 void frmSubnet::selectionFill() {

@@ -21,16 +21,11 @@ public:
   /// Also frames the systems on the device's list.
   void selectionFill() override;
 
-  /// Loads the pictures of the button of this Tag, if it is one of this form's. `files` and what is
-  /// raised are as in LoadButtonImages. The pictures outlast the form.
-  static void loadImages(const QString &tag, const QString &files);
-
-  /// Shows the pictures that have been loaded.
-  void showImages();
+  void buttonImagesChanged();
 
 private:
-  PictureButton *addButton(const char *name, const QString &tag, const char *toolTip, int top,
-                           ButtonImageSet &images, void (frmSubnet::*click)());
+  PictureButton *addButton(const char *name, const char *tag, const char *toolTip, int top,
+                           void (frmSubnet::*click)());
   void lstSubnets_Click();
   void picAdd_Click();
   void picRemove_Click();

@@ -322,7 +322,6 @@ TEST_F(ThemePicker, SwitchesAndGoesBackWhereASwitchFails) {
   EXPECT_EQ(values(), before);
   EXPECT_THAT(Words(calls.end() - 3, calls.end()),
               ElementsAre("linkColorChanged", "UpdateColors #665544", "redrawGrid"));
-  EXPECT_EQ(DeviceImages(1).size(), QSize(5, 7));
   expectInForce("good");
   EXPECT_THAT(selectedLines(), ElementsAre("bad"));
 
@@ -335,6 +334,7 @@ TEST_F(ThemePicker, SwitchesAndGoesBackWhereASwitchFails) {
                          folder("bad").toStdString() +
                          "/\nThe entry \"hub\" names no picture for \"image\"."));
   expectInForce("good"); // also when it is there no more
+  EXPECT_EQ(DeviceImages(1).size(), QSize(5, 7));
   EXPECT_THAT(calls.back(), "UpdateColors #665544") << "no grid comes where none was";
   EXPECT_EQ(values(), before);
 }

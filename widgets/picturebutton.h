@@ -19,7 +19,7 @@ public:
 
   /// Base name of its built-in bitmaps: TAG at rest, TAG_C pressed, and TAG_H, which nothing shows.
   const QString &Tag() const { return m_tag; }
-  /// The button keeps its size.
+  /// A null picture is that of its Tag. The button keeps its size.
   void setPicture(const QPixmap &picture);
   QSize sizeHint() const override;
 
