@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "appearance/images.h"
 
+#include "appearance/globals.h"
 #include "runtime/at.h"
 #include "runtime/error.h"
 #include "widgets/pictures.h"
@@ -33,15 +34,15 @@ QPixmap pictureOr(const QString &file, const QString &builtIn) {
   return file.isEmpty() ? LoadResPicture(builtIn) : LoadPicture(file);
 }
 
-/// `picture` on black: lines must not show through devices, and opaque pictures are painted several
-/// times faster.
-QPixmap onBlack(const QPixmap &picture) {
+/// `picture` on the theme's background: lines must not show through devices, and opaque pictures
+/// are painted several times faster.
+QPixmap onBackground(const QPixmap &picture) {
   if (picture.isNull() || !picture.hasAlphaChannel())
     return picture;
   QImage opaque(picture.size(), QImage::Format_RGB32);
   // Else a sharp picture would show twice as large.
   opaque.setDevicePixelRatio(picture.devicePixelRatio());
-  opaque.fill(Qt::black);
+  opaque.fill(toQColor(BackgroundColor));
   QPainter(&opaque).drawPixmap(0, 0, picture);
   return QPixmap::fromImage(std::move(opaque));
 }
@@ -91,7 +92,7 @@ void LoadDeviceImages(const QString &files) {
       fields(files, SystemType::Last, "Incorrect paramaters to LoadDeviceImages!");
   for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType)
     at(allPictures().devices, lType) =
-        lookOf(onBlack(pictureOr(paths[lType - 1], ResIDFromType(lType))));
+        lookOf(onBackground(pictureOr(paths[lType - 1], ResIDFromType(lType))));
 }
 
 void DoImage(PictureButton &button, const ButtonImageSet &set, bool up) {

@@ -67,8 +67,9 @@ QString listedPath(const QString &path);
 /// three fields, and what LoadPicture raises.
 void LoadButtonImages(ButtonImageSet &set, const QString &tag, const QString &files);
 
-/// Fills DeviceImages but 0 from a path for each in the same form, and raises the same. Stops at
-/// the first picture that can't be loaded; those of lower types are then done.
+/// Fills DeviceImages but 0 from a path for each in the same form, and raises the same; what is
+/// clear in a picture gets BackgroundColor. Stops at the first picture that can't be loaded; those
+/// of lower types are then done.
 void LoadDeviceImages(const QString &files);
 
 /// Shows Off if `up`, Down otherwise; the picture of the design while none has been loaded.

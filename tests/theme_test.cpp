@@ -242,11 +242,14 @@ TEST_F(ThemeLoader, TakesTheUsualPicturesOfSoundSize) {
   image.fill(Qt::transparent);
   image.setPixelColor(1, 1, Qt::red);
   ASSERT_TRUE(image.save(folder.path("clear.png")));
-  EXPECT_EQ(loadDevices("<d name='router' image='clear.png'/>"), "");
+  EXPECT_EQ(load(sections("<c for='background' color='#102030'/>", {},
+                          "<d name='router' image='clear.png'/>")),
+            "");
   const QImage shown = DeviceImages(1).toImage();
   EXPECT_FALSE(shown.hasAlphaChannel());
-  EXPECT_EQ(shown.pixelColor(0, 0), QColor(Qt::black)) << "where it is clear";
-  EXPECT_EQ(shown.pixelColor(1, 1), QColor(Qt::red));
+  EXPECT_EQ(shown.pixel(0, 0), 0xFF102030) << "where it is clear";
+  EXPECT_EQ(shown.pixel(1, 1), 0xFFFF0000);
+  EXPECT_EQ(DeviceImages(2).toImage().pixel(0, 0), 0xFF102030) << "built in";
 }
 
 TEST_F(ThemeLoader, ButtonPicturesStandInWhereAFieldIsEmpty) {
