@@ -55,6 +55,15 @@ void tell(const QString &text) {
                   .buttons = MessageBox::Buttons::Ok});
 }
 
+/// Shows as much of a line as there is room for, and the whole of it as a tool tip.
+void showLine(QLabel &label, const QString &line) {
+  const QString shown =
+      label.fontMetrics().elidedText(line, Qt::ElideRight, label.contentsRect().width());
+  label.setText(shown);
+  label.setToolTip(shown == line ? QString() : line);
+  label.setAccessibleName(line);
+}
+
 const XmlElement *firstChild(const XmlElement &parent, QStringView tagName) {
   for (const XmlElement &child : parent.children())
     if (child.tagName() == tagName)
@@ -106,7 +115,7 @@ void frmThemes::Form_Load() {
   }
   m_lstThemes->setRows(std::move(folders));
   m_lstThemes->setListIndex(current);
-  m_lblCurTheme->setText(ThemeName);
+  showLine(*m_lblCurTheme, ThemeName);
   UpdateColors();
 }
 
@@ -125,8 +134,8 @@ void frmThemes::lstThemes_Click() {
 }
 
 void frmThemes::showUnreadable(const QString &reason) {
-  m_lblName->setText(QStringLiteral("Name: "));
-  m_lblAuthor->setText(QStringLiteral("Author: "));
+  showLine(*m_lblName, QStringLiteral("Name: "));
+  showLine(*m_lblAuthor, QStringLiteral("Author: "));
   m_txtDescription->setPlainText(reason);
 }
 
@@ -141,9 +150,9 @@ void frmThemes::ShowThemeInfo(const QString &sName) {
     // What a theme leaves out keeps the text of the one shown before. A label has one line.
     for (const XmlElement &field : info->children()) {
       if (field.tagName() == u"TITLE")
-        m_lblName->setText(QStringLiteral("Name: ") + field.text().simplified());
+        showLine(*m_lblName, QStringLiteral("Name: ") + field.text().simplified());
       else if (field.tagName() == u"AUTHOR")
-        m_lblAuthor->setText(QStringLiteral("Author: ") + field.text().simplified());
+        showLine(*m_lblAuthor, QStringLiteral("Author: ") + field.text().simplified());
       else if (field.tagName() == u"DESCRIPTION")
         m_txtDescription->setPlainText(field.text());
     }
@@ -167,7 +176,7 @@ void frmThemes::cmdSwitch_Click() {
     tell(QStringLiteral("The theme \"%1\" can't be loaded.\n%2")
              .arg(selected(), error.description()));
   }
-  m_lblCurTheme->setText(ThemeName);
+  showLine(*m_lblCurTheme, ThemeName);
 }
 
 } // namespace vnb
