@@ -80,6 +80,12 @@ TEST_F(Controls, AnArrowPicksTheRowThatItStartsFrom) {
     QTest::keyClick(list, key);
     EXPECT_EQ(list->ListIndex(), 0) << "a list of one";
   }
+  list->setRows({{QStringLiteral("a"), 1}, {QStringLiteral("b"), 2}, {QStringLiteral("c"), 3}});
+  list->setListIndex(1);
+  list->removeRow(1);
+  EXPECT_EQ(list->ListIndex(), -1);
+  QTest::keyClick(list, Qt::Key_Down);
+  EXPECT_EQ(list->ListIndex(), 1) << "the keys go on where it stood";
   list->setRows({});
   QTest::keyClick(list, Qt::Key_Down);
   EXPECT_EQ(list->ListIndex(), -1);

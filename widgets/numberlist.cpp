@@ -84,6 +84,9 @@ void NumberList::removeRow(int row) {
   // be a click.
   selectionModel()->clear();
   m_model->remove(row);
+  // The keys go on where it stood.
+  const int next = std::min(row, static_cast<int>(rows().size()) - 1);
+  selectionModel()->setCurrentIndex(m_model->index(next), QItemSelectionModel::NoUpdate);
 }
 
 const std::vector<NumberRow> &NumberList::rows() const {
