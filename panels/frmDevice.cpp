@@ -72,7 +72,7 @@ QWidget *frmDevice::addGroup(Fields fields) {
 
 void frmDevice::addGroups() {
   m_chkLocked =
-      addCaptioned<QCheckBox>(*addGroup(Fields::Lock), "chkLocked", "Locked", {30, 120, 1500, 240});
+      addCaptioned<QCheckBox>(*addGroup(Fields::Lock), "chkLocked", "Locked", {0, 120, 1500, 240});
   m_chkLocked->setChecked(true);
   connect(m_chkLocked, &QCheckBox::toggled, this, &frmDevice::chkLocked_Click);
 

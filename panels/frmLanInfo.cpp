@@ -53,6 +53,8 @@ frmLanInfo::frmLanInfo() : FormWindow("frmLanInfo", "LAN Info", {4245, 1500}) {
     m_boxes[i] =
         add<TextBox>(*this, row.box(), Place{row.boxLeft, row.top, row.boxWidth, 285}, row.limit);
     nameAfter(*m_boxes[i], *label);
+    if (row.number != nullptr) // the link panel has an X and a Y as well
+      m_boxes[i]->setAccessibleName(QLatin1String(row.name) + QStringLiteral(" on the world map"));
     m_boxes[i]->setContent(QString::fromLatin1(row.design));
     connect(m_boxes[i], &TextBox::textChanged, this,
             [this, i] { Change(static_cast<HeaderField>(i)); });

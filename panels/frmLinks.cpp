@@ -113,6 +113,7 @@ void frmLinks::addBoxes() {
     QLabel *text = addLabel(container(), label, caption, {4890, top + 30, 240, 195});
     auto *result = add<TextBox>(container(), name, Place{5190, top, 960, 270}, limit);
     nameAfter(*result, *text);
+    result->setAccessibleName(result->accessibleName() + QStringLiteral(" of the link's end"));
     result->setContent(QStringLiteral("0.5"));
     return result;
   };
