@@ -1,22 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "appearance/colours.h"
 
+#include "widgets/style.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 
-#include <array>
 #include <map>
+#include <utility>
 
 namespace vnb {
 namespace {
 
-/// A shade between two colours; `share` of the second one, in percent.
-QColor mixed(const QColor &first, const QColor &second, int share) {
-  const auto channel = [share](int a, int b) { return (a * (100 - share) + b * share) / 100; };
-  return {channel(first.red(), second.red()), channel(first.green(), second.green()),
-          channel(first.blue(), second.blue())};
-}
+/// Of texts that are disabled: as a rule less than others have, and still readable.
+constexpr double faintContrast = 4.5;
 
 /// With every role set, so that widgets take it as it is instead of making palettes of their own.
 QPalette complete(const QPalette &palette) {
@@ -30,16 +28,15 @@ QPalette complete(const QPalette &palette) {
   return result;
 }
 
-QPalette makePalette(const QColor &background, const QColor &text, const QColor &window) {
-  QPalette result(text, background, text, text, mixed(background, text, 50), text, text, background,
-                  window);
+QPalette makePalette(const QColor &background, const QColor &text) {
+  QPalette result(text, background, text, text, text, text, text, background, background);
   result.setColor(QPalette::AlternateBase, background);
   result.setColor(QPalette::ToolTipBase, background);
   result.setColor(QPalette::ToolTipText, text);
   // A picked row is the reverse of the others: readable in every theme.
-  result.setColor(QPalette::Highlight, text);
+  result.setColor(QPalette::Highlight, shade(background, text));
   result.setColor(QPalette::HighlightedText, background);
-  const QColor faint = mixed(background, text, 50);
+  const QColor faint = shade(background, text, faintContrast);
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
     result.setColor(QPalette::Disabled, role, faint);
   result.setColor(QPalette::PlaceholderText, faint);
@@ -55,11 +52,6 @@ QPalette once(const Key &key, const Make &make) {
   return found != made.end() ? found->second : made.emplace(key, make()).first->second;
 }
 
-QPalette palette(const QColor &background, const QColor &text, const QColor &window) {
-  return once(std::array{background.rgb(), text.rgb(), window.rgb()},
-              [&] { return makePalette(background, text, window); });
-}
-
 /// The list that drops down from a box is a window of its own.
 void colourList(const QComboBox &box, const QPalette &colours) {
   box.view()->setPalette(colours);
@@ -68,24 +60,22 @@ void colourList(const QComboBox &box, const QPalette &colours) {
 
 } // namespace
 
-QPalette controlPalette() {
+QPalette themePalette() {
   const QColor background = toQColor(BackgroundColor);
   const QColor text = toQColor(TextColor);
-  // The style draws the border of a control a good deal darker than its window colour, which
-  // nothing else of a control shows: so that is where the border's shade goes.
-  return palette(background, text, mixed(background, text, 60));
+  return once(std::pair(background.rgb(), text.rgb()),
+              [&] { return makePalette(background, text); });
 }
 
 void applyColours(QWidget &form) {
-  const QColor background = toQColor(BackgroundColor);
-  form.setPalette(palette(background, toQColor(TextColor), background));
-  const QPalette controls = controlPalette();
+  const QPalette colours = themePalette();
+  form.setPalette(colours);
   for (QWidget *control : form.findChildren<QWidget *>())
     // A window among them is a dialog, or the list of a drop-down box, whose turn comes below.
     if (!control->isWindow())
-      control->setPalette(controls);
+      control->setPalette(colours);
   for (const QComboBox *box : form.findChildren<QComboBox *>())
-    colourList(*box, controls);
+    colourList(*box, colours);
 }
 
 void setForeground(QWidget &control, Colour colour) {

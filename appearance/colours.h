@@ -16,7 +16,7 @@ void applyColours(QWidget &form);
 /// Gives the text of one control another colour, until the next sweep.
 void setForeground(QWidget &control, Colour colour);
 
-/// Palette of controls in the theme's colours, with borders that can be seen.
-QPalette controlPalette();
+/// The theme's two colours in the roles that the style paints with.
+QPalette themePalette();
 
 } // namespace vnb

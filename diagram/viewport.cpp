@@ -78,8 +78,6 @@ void Viewport::layOut(QSize form, int toolbarHeight) {
 
 void Viewport::UpdateColors() {
   m_picLayout->setBackColor(BackgroundColor);
-  m_hsbScroll->setPalette(controlPalette());
-  m_vsbScroll->setPalette(controlPalette());
 }
 
 void Viewport::wheel(const QWheelEvent &event) {

@@ -27,7 +27,7 @@ public:
   /// alone. What shows stays, as far as the surface reaches.
   void layOut(QSize form, int toolbarHeight);
 
-  /// The surface takes BackgroundColor, which wipes its grid, the bars the theme's colours.
+  /// The surface takes BackgroundColor, which wipes its grid; the bars have the form's colours.
   void UpdateColors();
 
   /// Scrolls as a wheel or touchpad asks for, as far as the bars go: sideways with Shift and over

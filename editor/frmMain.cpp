@@ -284,9 +284,7 @@ void frmMain::UpdateColors() {
 }
 
 void frmMain::updateOwnColors() {
-  QPalette colours = palette();
-  colours.setColor(QPalette::Window, toQColor(BackgroundColor));
-  setPalette(colours);
+  setPalette(themePalette());
   m_toolbar.UpdateColors();
   m_viewport.UpdateColors();
 }

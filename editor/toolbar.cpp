@@ -87,9 +87,6 @@ void Toolbar::buttonImagesChanged() {
 }
 
 void Toolbar::UpdateColors() {
-  QPalette colours = m_lblStatus->palette();
-  colours.setColor(QPalette::WindowText, toQColor(TextColor));
-  m_lblStatus->setPalette(colours);
   update();
 }
 

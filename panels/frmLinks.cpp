@@ -54,7 +54,6 @@ int spotAt(double x, double y) {
 QFrame *addFrame(QWidget &parent, const char *name, Place at) {
   auto *frame = add<QFrame>(parent, name);
   frame->setFrameStyle(QFrame::Box | QFrame::Plain);
-  frame->setForegroundRole(QPalette::Mid);
   place(*frame, at);
   return frame;
 }

@@ -10,7 +10,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextEdit>
-#include <QScrollBar>
 
 namespace vnb {
 namespace {
@@ -32,9 +31,8 @@ constexpr std::size_t hiddenButton = 2;
 } // namespace
 
 frmAbout::frmAbout() : FormWindow("frmAbout", "About", {5970, 4290}) {
-  QPalette onBlack(Qt::white, Qt::black, Qt::gray, Qt::darkGray, Qt::darkGray, Qt::white, Qt::white,
-                   Qt::black, Qt::black);
-  setPalette(onBlack);
+  setPalette(QPalette(Qt::white, Qt::black, Qt::gray, Qt::darkGray, Qt::darkGray, Qt::white,
+                      Qt::white, Qt::black, Qt::black));
   addButtons();
   m_picAbout = addLabel(*this, "picAbout", {}, {330, 540, 5310, 3600});
   m_picAbout->setPixmap(LoadResPicture(QStringLiteral("LOGO")));
@@ -46,8 +44,6 @@ frmAbout::frmAbout() : FormWindow("frmAbout", "About", {5970, 4290}) {
   QFont arial(QStringLiteral("Arial"));
   arial.setPointSizeF(9.75);
   m_txtAbout->setFont(arial);
-  onBlack.setColor(QPalette::Button, Qt::darkGray); // the slider
-  m_txtAbout->verticalScrollBar()->setPalette(onBlack);
   place(*m_txtAbout, {30, 450, 5910, 3780});
   showPage(false);
 }

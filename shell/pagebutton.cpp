@@ -21,14 +21,15 @@ void PageButton::mouseDoubleClickEvent(QMouseEvent * /*event*/) {}
 
 void PageButton::paintEvent(QPaintEvent * /*event*/) {
   QPainter painter(this);
-  painter.fillRect(rect(), Qt::black);
+  const QColor caption = QColor::fromRgb(m_colours.caption);
+  painter.fillRect(rect(), isDown()       ? caption
+                           : underMouse() ? shade(Qt::black, Qt::white, 1.5)
+                                          : QColor(Qt::black));
   paintFrame(painter, rect().adjusted(1, 1, -1, -1),
              QColor::fromRgb(m_selected ? m_colours.selected : m_colours.resting));
-  if (hasFocus()) {
-    painter.setPen(QPen(QColor::fromRgb(m_colours.caption), 1, Qt::DotLine));
-    painter.drawRect(rect().adjusted(3, 3, -4, -4));
-  }
-  painter.setPen(QColor::fromRgb(m_colours.caption));
+  if (hasFocus())
+    paintFocus(painter, rect().adjusted(3, 3, -3, -3), Qt::black, Qt::white);
+  painter.setPen(isDown() ? QColor(Qt::black) : caption);
   painter.drawText(rect(), Qt::AlignCenter, text());
 }
 

@@ -15,8 +15,17 @@ void Swatch::setBackColor(Colour colour) {
 void Swatch::paintEvent(QPaintEvent * /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), toQColor(m_colour));
-  // The focused swatch has a thicker border.
-  paintFrame(painter, rect(), toQColor(TextColor), hasFocus() ? 2 : 1);
+  paintFrame(painter, rect(), shade(toQColor(BackgroundColor), toQColor(TextColor)));
+  // Apart from the border, which may have the same colour.
+  if (hasFocus())
+    paintFocus(painter, rect().adjusted(2, 2, -2, -2), toQColor(m_colour), toQColor(TextColor));
+  // The colour is what is chosen, so the pointer doesn't change it.
+  const QRect inside = rect().adjusted(4, 4, -4, -4);
+  const QColor onColour = shade(toQColor(m_colour), toQColor(TextColor), 3);
+  if (isDown())
+    paintFrame(painter, inside, onColour, 2);
+  else if (underMouse())
+    paintFrame(painter, inside, onColour);
 }
 
 } // namespace vnb

@@ -100,11 +100,8 @@ TEST_F(SettingsDialog, ShowsWhatIsInForce) {
   EXPECT_EQ(shown(), "12345 no yes") << "the limit binds the user alone";
   swatch(0).setBackColor(0x0000FF);
   BackgroundColor = 0xFF0000;
-  TextColor = 0x00FF00;
   form().UpdateColors();
   EXPECT_EQ(seen("picColor0"), QColor(Qt::red)) << "a theme changes all but the swatches";
-  EXPECT_EQ(control("lblGridRes").palette().color(QPalette::WindowText), QColor(Qt::green));
-  EXPECT_EQ(form().palette().color(QPalette::Window), QColor(Qt::blue));
   EXPECT_EQ(box().palette().color(QPalette::Base), QColor(Qt::blue));
 }
 
@@ -313,7 +310,6 @@ TEST_F(ThemePicker, SwitchesAndGoesBackWhereASwitchFails) {
   expectInForce("good");
   EXPECT_THAT(selectedLines(), ElementsAre("good")) << "the picker stays open";
   EXPECT_EQ(control("lblCurTheme").palette().color(QPalette::WindowText), QColor(Qt::red));
-  EXPECT_EQ(control("lblName").palette().color(QPalette::WindowText), QColor(2, 0, 0));
   GridColor = 0x445566; // the user's own
   LinkColor = 0x112233;
   const Words before = values();

@@ -8,7 +8,6 @@
 
 #include <gmock/gmock.h>
 
-#include <memory>
 #include <utility>
 
 using testing::ElementsAre;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-/// What the controls of all forms have in common: keys, clicks, the wheel, the opened lists.
-#include "appearance/colours.h"
+/// What the controls of all forms have in common: keys, clicks, the wheel.
 #include "editor/frmMain.h"
 #include "formtest.h"
 #include "look.h"
@@ -175,21 +174,6 @@ TEST_F(Controls, TakeNoLetterWithAltForText) {
   for (QWidget *control : {static_cast<QWidget *>(box), static_cast<QWidget *>(drop)})
     QTest::keyClick(control, Qt::Key_C, Qt::GroupSwitchModifier); // AltGr
   EXPECT_EQ(box->text() + drop->currentText(), u"cc");
-}
-
-TEST_F(Controls, AnOpenedListHasTheThemesColours) {
-  for (const Colour background : {0x102030, 0xF0F0F0}) {
-    BackgroundColor = background;
-    TextColor = background ^ 0xFFFFFF;
-    applyColours(form);
-    drop->showPopup();
-    const QRect row = drop->view()->visualRect(drop->model()->index(2, 0));
-    const QImage image = drop->view()->viewport()->grab().toImage();
-    EXPECT_EQ(image.pixelColor(row.right() - 2, row.center().y()), toQColor(BackgroundColor));
-    EXPECT_GE(drop->view()->mapToGlobal(QPoint()).y(), drop->mapToGlobal(drop->rect().center()).y())
-        << "below its box";
-    drop->hidePopup();
-  }
 }
 
 TEST_F(Controls, ALongMenuStaysOnTheScreen) {

@@ -3,6 +3,7 @@
 
 #include "widgets/accessibleforms.h"
 #include "widgets/pictures.h"
+#include "widgets/style.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -44,10 +45,8 @@ QSize PictureButton::sizeHint() const {
 void PictureButton::paintEvent(QPaintEvent * /*event*/) {
   QPainter painter(this);
   painter.drawPixmap(0, 0, picture());
-  if (hasFocus()) {
-    painter.setPen(QPen(palette().color(QPalette::WindowText), 1, Qt::DotLine));
-    painter.drawRect(rect().adjusted(1, 1, -2, -2));
-  }
+  if (hasFocus())
+    paintFocus(painter, rect(), Qt::black, Qt::white); // of which one shows on any picture
 }
 
 void PictureButton::press() {

@@ -4,6 +4,7 @@
 #include "widgets/style.h"
 
 #include <QPainter>
+#include <QStyleOptionButton>
 
 namespace vnb {
 
@@ -15,16 +16,14 @@ PushOption::PushOption(QWidget *parent) : QAbstractButton(parent) {
 
 void PushOption::paintEvent(QPaintEvent * /*event*/) {
   QPainter painter(this);
-  const QColor text = palette().color(QPalette::ButtonText);
-  painter.fillRect(rect(), palette().color(QPalette::Button));
-  paintFrame(painter, rect(), palette().color(QPalette::Mid));
-  if (isChecked() || isDown())
-    paintFrame(painter, rect().adjusted(1, 1, -1, -1), text, 2);
-  if (hasFocus()) {
-    const int inset = isChecked() ? 3 : 1;
-    painter.setPen(QPen(text, 1, Qt::DotLine));
-    painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
-  }
+  QStyleOptionButton face;
+  face.initFrom(this);
+  face.state.setFlag(QStyle::State_Sunken, isDown());
+  style()->drawPrimitive(QStyle::PE_PanelButtonCommand, &face, &painter, this);
+  const QColor text = palette().color(isDown() ? QPalette::Button : QPalette::ButtonText);
+  const int inset = hasFocus() ? 3 : 1; // within the border and the mark of the focus
+  if (isChecked())
+    paintFrame(painter, rect().adjusted(inset, inset, -inset, -inset), text, 2);
   painter.setPen(text);
   painter.drawText(rect(), Qt::AlignCenter, this->text());
 }
