@@ -82,8 +82,10 @@ frmMain::frmMain()
   setObjectName(QStringLiteral("frmMain"));
   setMouseTracking(true);
   setAttribute(Qt::WA_AlwaysShowToolTips); // also while a panel has the keys
-  setFocusPolicy(Qt::StrongFocus);
-  setFocus(); // not the first button: nothing is marked until Tab is pressed
+  // Not the first button: nothing is marked until Tab is pressed, which then goes round the
+  // buttons.
+  setFocusPolicy(Qt::ClickFocus);
+  setFocus();
   setMinimumSize(Toolbar::leastWidth, Toolbar::height + leastSurface + Viewport::barWidth);
   resize(designSize);
   m_gestures.openMenu = [this](std::int32_t Index, QPoint global) { openMenu(Index, global); };

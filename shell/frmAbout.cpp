@@ -46,6 +46,10 @@ frmAbout::frmAbout() : FormWindow("frmAbout", "About", {5970, 4290}) {
   m_txtAbout->setFont(arial);
   place(*m_txtAbout, {30, 450, 5910, 3780});
   showPage(false);
+  // Not the first button: the mark of the focus could be taken for that of a page. Tab passes the
+  // form by, as it shows no such mark.
+  setFocusPolicy(Qt::ClickFocus);
+  setFocus();
 }
 
 void frmAbout::addButtons() {
