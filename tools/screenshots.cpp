@@ -18,12 +18,90 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
+#include <QHoverEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
 
 #include <cstdio>
 
 namespace vnb {
 namespace {
+
+/// A way to bring a control into a state for a picture, and out of it again.
+struct State {
+  void (*enter)(QWidget &control);
+  void (*leave)(QWidget &control);
+};
+
+/// Sends what the mouse does at the middle of a control, where the thumb of a scroll bar is put.
+void mouse(QWidget &control, QEvent::Type type) {
+  const QPointF at = control.rect().center();
+  if (type == QEvent::HoverMove || type == QEvent::HoverLeave) {
+    control.setAttribute(Qt::WA_UnderMouse, type == QEvent::HoverMove);
+    QHoverEvent event(type, at, control.mapToGlobal(at), QPointF());
+    QCoreApplication::sendEvent(&control, &event);
+    return;
+  }
+  QMouseEvent event(type, at, control.mapToGlobal(at), Qt::LeftButton,
+                    type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {});
+  QCoreApplication::sendEvent(&control, &event);
+}
+
+void setHeld(QWidget &control, bool held) {
+  if (auto *button = qobject_cast<QAbstractButton *>(&control))
+    button->setDown(held);
+  else if (auto *box = qobject_cast<QComboBox *>(&control))
+    held ? box->showPopup() : box->hidePopup();
+  else if (qobject_cast<QScrollBar *>(&control) != nullptr)
+    mouse(control, held ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease);
+  else if (auto *picture = dynamic_cast<PictureButton *>(&control))
+    (held ? picture->MouseDown : picture->MouseUp)();
+}
+
+/// Under the pointer, held, with the focus, disabled.
+constexpr std::array states{State{[](QWidget &control) { mouse(control, QEvent::HoverMove); },
+                                  [](QWidget &control) { mouse(control, QEvent::HoverLeave); }},
+                            State{[](QWidget &control) { setHeld(control, true); },
+                                  [](QWidget &control) { setHeld(control, false); }},
+                            State{[](QWidget &control) { control.setFocus(); },
+                                  [](QWidget &control) { control.window()->setFocus(); }},
+                            State{[](QWidget &control) { control.setEnabled(false); },
+                                  [](QWidget &control) { control.setEnabled(true); }}};
+
+/// `window` five times from left to right: at rest, and with all its controls in each state.
+QPixmap sheetOf(QWidget &window) {
+  const QList<QScrollBar *> bars = window.findChildren<QScrollBar *>();
+  QList<int> values;
+  for (QScrollBar *bar : bars) {
+    values += bar->value();
+    bar->setValue(bar->maximum() / 2);
+  }
+  const QPixmap resting = window.grab();
+  const QSize size = resting.deviceIndependentSize().toSize();
+  QPixmap sheet(resting.width() * static_cast<int>(states.size() + 1), resting.height());
+  sheet.setDevicePixelRatio(resting.devicePixelRatio());
+  QPainter painter(&sheet);
+  painter.drawPixmap(0, 0, resting);
+  for (const State &state : states) {
+    painter.translate(size.width(), 0);
+    painter.drawPixmap(0, 0, resting);
+    for (QWidget *control : window.findChildren<QWidget *>()) {
+      const bool bar = qobject_cast<QScrollBar *>(control) != nullptr;
+      if (control->window() != &window || !control->isVisible() || !control->isEnabled() ||
+          (control->focusPolicy() == Qt::NoFocus && !bar))
+        continue;
+      state.enter(*control);
+      painter.drawPixmap(control->mapTo(&window, QPoint()), control->grab());
+      state.leave(*control);
+    }
+  }
+  for (qsizetype i = 0; i < bars.size(); ++i)
+    bars[i]->setValue(values[i]);
+  return sheet;
+}
 
 /// Saves what a window shows under a name, in the folder of its theme.
 class Album {
@@ -32,17 +110,30 @@ public:
 
   void add(QWidget &window, const QString &name) const {
     QApplication::processEvents();
-    if (!window.grab().save(m_folder + u'/' + name + QStringLiteral(".png")))
-      std::fprintf(stderr, "%s can't be written\n", qUtf8Printable(name));
+    save(window.grab(), name);
+  }
+
+  /// A form with all states of its controls.
+  void addSheet(QWidget &window, const QString &name) const {
+    window.show();
+    window.activateWindow();
+    QApplication::processEvents();
+    save(sheetOf(window), QStringLiteral("states-") + name);
   }
 
   void addForm(FormWindow &form) const {
     form.show();
     add(form, form.objectName());
+    addSheet(form, form.objectName());
     form.hide();
   }
 
 private:
+  void save(const QPixmap &picture, const QString &name) const {
+    if (!picture.save(m_folder + u'/' + name + QStringLiteral(".png")))
+      std::fprintf(stderr, "%s can't be written\n", qUtf8Printable(name));
+  }
+
   QString m_folder;
 };
 
@@ -63,9 +154,12 @@ void takePanels(frmMain &main, const Album &album) {
     album.add(main.forms().get<frmDevice>(), QStringLiteral("frmDevice-") + type);
     album.add(main.forms().get<frmLinks>(), QStringLiteral("frmLinks-") + type);
     album.add(main.forms().get<frmSubnet>(), QStringLiteral("frmSubnet-") + type);
+    album.addSheet(main.forms().get<frmDevice>(), QStringLiteral("frmDevice-") + type);
   }
   main.selection().SelectItem(firstOf(SystemType::MainServer), SelectedColor, false);
   album.add(main, QStringLiteral("frmMain-selected"));
+  album.addSheet(main.forms().get<frmLinks>(), QStringLiteral("frmLinks"));
+  album.addSheet(main.forms().get<frmSubnet>(), QStringLiteral("frmSubnet"));
   main.selection().Deselect();
   album.add(main.forms().get<frmDevice>(), QStringLiteral("frmDevice-none"));
   album.add(main.forms().get<frmLinks>(), QStringLiteral("frmLinks-none"));
@@ -81,6 +175,7 @@ void takeAbout(frmMain &main, const Album &album) {
     button->click();
     album.add(about, QStringLiteral("frmAbout-") + button->objectName());
   }
+  album.addSheet(about, QStringLiteral("frmAbout"));
   about.close();
 }
 
@@ -90,6 +185,7 @@ void takeTheme(frmMain &main, const QString &theme, const QString &out) {
   main.picLayout().DrawGrid();
   const Album album(out + u'/' + theme);
   album.add(main, QStringLiteral("frmMain"));
+  album.addSheet(main, QStringLiteral("frmMain"));
   takePanels(main, album);
   main.forms().get<frmThemes>().Form_Load();
   main.forms().get<frmSettings>().Form_Load();
