@@ -4,7 +4,6 @@
 #include "appearance/globals.h"
 #include "runtime/at.h"
 #include "runtime/error.h"
-#include "widgets/pictures.h"
 
 #include <QPainter>
 
@@ -31,7 +30,7 @@ QStringList fields(const QString &files, qsizetype due, const char *description)
 /// every case: a missing one would otherwise show only with some themes.
 QPixmap pictureOr(const QString &file, const QString &builtIn) {
   requireResPicture(builtIn);
-  return file.isEmpty() ? LoadResPicture(builtIn) : LoadPicture(file);
+  return file.isEmpty() ? LoadResPicture(builtIn) : allPictures().files.LoadPicture(file);
 }
 
 /// `picture` on the theme's background: lines must not show through devices, and opaque pictures

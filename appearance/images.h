@@ -4,6 +4,7 @@
 
 #include "document/systemtype.h"
 #include "widgets/picturebutton.h"
+#include "widgets/pictures.h"
 
 #include <QPixmap>
 #include <QString>
@@ -56,6 +57,7 @@ private:
 struct Pictures {
   std::map<QString, ButtonImageSet> buttons; // by Tag
   std::array<DeviceLook, SystemType::Last + 1> devices;
+  PictureFiles files; // of the theme that is being loaded
 };
 Pictures &allPictures();
 

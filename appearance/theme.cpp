@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <array>
@@ -214,6 +215,7 @@ void LoadTheme(const QString &sFileName, EditorView &view) {
                {QStringLiteral("off"), QStringLiteral("over"), QStringLiteral("down")});
   const QStringList deviceFiles =
       files.of(devices, u"name", deviceKeys(), {QStringLiteral("image")});
+  const auto forgetFiles = qScopeGuard([] { allPictures().files = {}; });
   about(files.missing(), [&] { loadImages(buttonFiles, deviceFiles, view); });
 }
 

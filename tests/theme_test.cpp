@@ -217,9 +217,10 @@ TEST_F(ThemeLoader, TakesTheUsualPicturesOfSoundSize) {
   picture("a.bmp", 5, 7);
   picture("a.jpg", 5, 7);
   picture("really-a-png.bmp", 5, 7, "png");
-  picture("wide.png", 4096, 1);
-  picture("wider.png", 4097, 1);
-  picture("higher.bmp", 1, 4097);
+  picture("wide.png", 512, 1);
+  picture("wider.png", 513, 1);
+  picture("higher.bmp", 1, 513);
+  picture("other.ppm", 5, 7);
   folder.file(QByteArray::fromHex("47494638376105000700800000FF000000000021F90400000000002C00000000"
                                   "0500070000020684 8FA9CBED053B"),
               "a.gif");
@@ -231,12 +232,27 @@ TEST_F(ThemeLoader, TakesTheUsualPicturesOfSoundSize) {
               "huge.bmp");
   for (const auto &[name, due] :
        sides({"a.bmp -> 5x7", "a.jpg -> 5x7", "a.gif -> 5x7", "really-a-png.bmp -> 5x7",
-              "wide.png -> 4096x1", "wider.png -> The picture is larger",
-              "higher.bmp -> The picture is larger", "half.png -> 481", "huge.bmp -> 481"})) {
+              "wide.png -> 512x1", "wider.png -> The picture is larger",
+              "higher.bmp -> The picture is larger", "half.png -> 481", "huge.bmp -> 481",
+              "other.ppm -> 481"})) {
     const std::string error =
         loadDevices("<d name='router' image='" + QByteArray::fromStdString(name) + "'/>");
     EXPECT_EQ(error.empty() ? size(1) : error.substr(0, error.find(" than")), due) << name;
   }
+  picture("large.png", 512, 512);
+  QByteArray same, each;
+  for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType) {
+    const QByteArray file = QByteArray::number(lType) + ".png";
+    QFile::copy(folder.path("large.png"), folder.path(file));
+    const std::string_view key = typeRow(lType).themeKey;
+    const QByteArray entry =
+        "<d name='" + QByteArray(key.data(), qsizetype(key.size())) + "' image='";
+    same += entry + "large.png'/>";
+    each += entry + file + "'/>";
+  }
+  EXPECT_EQ(loadDevices(same), "");
+  EXPECT_EQ(loadDevices(each), "All pictures together have more than 4000000 pixels.\n" +
+                                   folder.path("16.png").toStdString());
   QImage image(5, 7, QImage::Format_ARGB32);
   image.fill(Qt::transparent);
   image.setPixelColor(1, 1, Qt::red);

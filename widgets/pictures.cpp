@@ -8,6 +8,7 @@
 #include <QImageReader>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 static void initResources() {
@@ -60,28 +61,49 @@ Variant variant(const QString &path) {
   return {path, 1};
 }
 
+bool isKnown(const QByteArray &format) {
+  constexpr std::array known{"bmp", "gif", "jpeg", "jpg", "png"};
+  return std::ranges::any_of(known, [&](const char *name) { return format == name; });
+}
+
+RuntimeError tooLarge(const QString &what, std::int64_t pixels) {
+  return {ownError, what.arg(pixels)};
+}
+
 } // namespace
 
-QPixmap LoadPicture(const QString &path) {
-  constexpr int largest = 4096;
+QPixmap PictureFiles::LoadPicture(const QString &path) {
+  const auto found = m_read.find(path);
+  return found != m_read.end() ? found->second : m_read.emplace(path, read(path)).first->second;
+}
+
+QPixmap PictureFiles::read(const QString &path) {
   if (!QFileInfo::exists(path))
     throw RuntimeError(Fault::FileNotFound).about(path);
   if (!QFileInfo(path).isFile())
     throw RuntimeError(Fault::PathFileAccess).about(path);
   const Variant chosen = variant(path);
-  QImageReader reader(chosen.path);
-  const QSize size = reader.size();
-  // Before reading, as a small file can claim a size for which there is no memory.
-  if (size.width() > largest || size.height() > largest)
-    throw RuntimeError(ownError,
-                       QStringLiteral("The picture is larger than %1 by %1 pixels.").arg(largest))
-        .about(chosen.path);
-  QImage image;
-  if (!reader.read(&image) || image.isNull())
-    throw RuntimeError(Fault::InvalidPicture).about(chosen.path);
-  // Not what the reader makes of the name: it looks no further than the first point.
-  image.setDevicePixelRatio(chosen.scale);
-  return QPixmap::fromImage(std::move(image));
+  return about(chosen.path, [&] {
+    QImageReader reader(chosen.path);
+    // Others could open more files, or run for long.
+    if (!isKnown(reader.format()))
+      throw RuntimeError(Fault::InvalidPicture);
+    const QSize size = reader.size();
+    // Before reading, as a small file can claim a size for which there is no memory.
+    if (std::max(size.width(), size.height()) > side * chosen.scale)
+      throw tooLarge(QStringLiteral("The picture is larger than %1 by %1 pixels."),
+                     side * chosen.scale);
+    const double area = double(size.width()) * size.height() / (chosen.scale * chosen.scale);
+    if (m_sum + area > double(sum))
+      throw tooLarge(QStringLiteral("All pictures together have more than %1 pixels."), sum);
+    QImage image;
+    if (!reader.read(&image) || image.isNull())
+      throw RuntimeError(Fault::InvalidPicture);
+    m_sum += area;
+    // Not what the reader makes of the name: it looks no further than the first point.
+    image.setDevicePixelRatio(chosen.scale);
+    return QPixmap::fromImage(std::move(image));
+  });
 }
 
 } // namespace vnb
