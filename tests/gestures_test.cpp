@@ -43,7 +43,6 @@ TEST_F(Gesture, APressSelectsAndOnlyTheLeftButtonDrags) {
   EXPECT_THAT(menus, ElementsAre(hub));
 }
 
-/// The model test drops at every kind of place but these.
 TEST_F(Gesture, ADeviceLandsWhereItIsDropped) {
   struct Case {
     const char *target;

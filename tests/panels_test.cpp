@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// What the model test of the panels doesn't see, or meets too seldom.
 #include "gesture.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
