@@ -108,6 +108,22 @@ TEST(CodePage, FollowsTheLocaleOfCharacters) {
     EXPECT_EQ(std::to_string(codePageNumber(QString::fromStdString(locale))), number) << locale;
 }
 
+/// Each row in a process of its own: the page is chosen once.
+TEST(CodePage, TakesTheFirstVariableThatSaysSomething) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  for (const auto &[all, type, lang, due] :
+       std::vector<std::tuple<const char *, const char *, const char *, int>>{
+           {"", "", "pl_PL.UTF-8", 1250},
+           {"", "ru_RU.UTF-8", "pl_PL.UTF-8", 1251},
+           {"el_GR.UTF-8", "ru_RU.UTF-8", "pl_PL.UTF-8", 1253},
+           {"", "", "", 1252}}) {
+    qputenv("LC_ALL", all);
+    qputenv("LC_CTYPE", type);
+    qputenv("LANG", lang);
+    EXPECT_EXIT(std::exit(codePage().number() - 1250), testing::ExitedWithCode(due - 1250), "");
+  }
+}
+
 TEST(ControlArray, GrowsAndShrinksAtTheTop) {
   ControlArray<int> array(5);
   EXPECT_EQ(array.Load(1), 5);
