@@ -126,6 +126,42 @@ TEST_F(Diagram, BuiltInPicturesHaveTheirExactSizes) {
   EXPECT_THROW(LoadResPicture(QStringLiteral("NOSUCH")), RuntimeError);
 }
 
+TEST_F(Diagram, EachDeviceShowsThePictureOfItsType) {
+  operations.MoveSystem(0, -100, 0);
+  add(2, 100, 100);
+  for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType) {
+    const QImage due = DeviceImages(lType).toImage().convertToFormat(QImage::Format_RGB32);
+    operations.ReplaceSystem(1, lType);
+    EXPECT_EQ(due.size(), LoadResPicture(ResIDFromType(lType)).size()) << lType;
+    EXPECT_EQ(picture({QPoint(100, 100), surface.spriteRect(1).size()}), due) << lType;
+  }
+}
+
+TEST_F(Diagram, SpritesAndLinesCloseUpAndFollow) {
+  for (const std::int32_t lType : {2, 4, 9})
+    add(lType, 100 * lType, 100);
+  for (const auto &[from, to] : {std::pair(0, 1), {1, 2}, {2, 3}, {3, 0}})
+    link(from, to);
+  EXPECT_EQ(lines(), "24,16-224,110;224,110-419,118.5;419,118.5-916,116;916,116-24,16;");
+  operations.RemoveSystem(1);
+  EXPECT_EQ(lines(), "419,118.5-916,116;916,116-24,16;");
+  EXPECT_EQ(surface.picSystem.UBound(), 2);
+  EXPECT_EQ(surface.spriteAt({201, 101}), -1);
+  EXPECT_EQ(surface.spriteAt({401, 101}), 1);
+  operations.MoveSystem(2, 50, 60);
+  EXPECT_EQ(lines(), "419,118.5-66,76;66,76-24,16;");
+  operations.ReplaceSystem(2, 3);
+  EXPECT_EQ(lines(), "419,118.5-66,76;66,76-24,16;") << "until it is moved";
+  operations.MoveSystem(2, 50, 60);
+  EXPECT_EQ(lines(), "419,118.5-86,85.5;86,85.5-24,16;");
+  operations.RemoveLink(1, false);
+  EXPECT_EQ(lines(), "86,85.5-24,16;");
+  operations.ClearLAN();
+  EXPECT_EQ(lines(), "");
+  EXPECT_EQ(surface.picSystem.UBound(), 0);
+  EXPECT_EQ(surface.spriteAt({401, 101}), -1);
+}
+
 TEST_F(Diagram, WhatCannotBeShownIsReportedAndStands) {
   const Boxes yesses(yes(9));
   operations.AddLink(0, 1e300, 0, 0, 0, 0, 1);

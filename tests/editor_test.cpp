@@ -8,6 +8,7 @@
 #include "panels/frmLinks.h"
 #include "panels/frmSubnet.h"
 #include "shell/frmSettings.h"
+#include "shell/frmSplash.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -20,6 +21,8 @@
 
 #include <csignal>
 
+using testing::AllOf;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 namespace vnb::test {
@@ -262,6 +265,50 @@ TEST_F(Editor, ToolTipsNameDevicesAndButtons) {
   EXPECT_EQ(child("picSave").toolTip(), u"Save LAN (Ctrl-S)");
   tip({400, 300}); // the bare surface
   EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+}
+
+/// A theme of the test's own, as no other is beside this program.
+TEST(Start, TakesWhatIsStoredAndTheEndStoresIt) {
+  const Folder folder;
+  qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path(".")));
+  const QByteArray theme = folder
+                               .file("<T><COLORS><c for='background' color='#030201'/></COLORS>"
+                                     "<BUTTONS/><DEVICES/></T>",
+                                     "theme.xml")
+                               .toUtf8();
+  const QByteArray last = sample("five-devices.txt").toUtf8();
+  const Boxes boxes;
+  for (const auto &[place, due, all] : std::vector<std::tuple<QByteArray, QPoint, bool>>{
+           {"PosX=300\nPosY=450\n", {20, 30}, true},
+           {"PosX=300\n", {20, 0}, false},
+           {"PosY=450\n", {0, 30}, false},
+           {"PosX=-9000\nPosY=90\n", {0, 0}, false}}) {
+    folder.file("[Main]\nTheme=" + theme + "\n" + place + "[Settings]\nGridRes=50\nLastFile=" +
+                    last + (all ? "\nLoadLastFile=True\n" : "\nShowGrid=False\n"),
+                "VNB.ini");
+    frmMain main;
+    main.Form_Load();
+    EXPECT_EQ(main.windowTitle(), u"Vantry Network Builder v6.2.5");
+    EXPECT_TRUE(main.isVisible());
+    EXPECT_FALSE(main.forms().get<frmSplash>().isVisible());
+    EXPECT_EQ(main.pos(), due) << place.toStdString();
+    EXPECT_EQ(UBound(Systems), all ? 4 : 0);
+    const auto pixel = [&](int x) {
+      return main.picLayout().grab({x, 90, 1, 1}).toImage().pixelColor(0, 0);
+    };
+    EXPECT_EQ(pixel(100), all ? toQColor(GridColor) : QColor(3, 2, 1));
+    EXPECT_EQ(pixel(120), QColor(3, 2, 1));
+    main.move(40, 60);
+    ShowGrid = false;
+    const QPointer<frmSplash> form = &main.forms().get<frmSplash>();
+    main.close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(form.isNull());
+    EXPECT_THAT(Folder::bytes(folder.path("VNB.ini")).toStdString(),
+                AllOf(HasSubstr("PosX=600\nPosY=900\nTheme=" + theme.toStdString()),
+                      HasSubstr("ShowGrid=False"), HasSubstr("GridRes=50")));
+  }
+  EXPECT_THAT(boxes.texts, IsEmpty());
 }
 
 /// Whoever waits gets No or nothing, asks in vain from then on, and is done before the end.

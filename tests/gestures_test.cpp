@@ -5,8 +5,10 @@
 #include "widgets/drag.h"
 #include "widgets/longmenu.h"
 
+#include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 
 #include <map>
@@ -266,7 +268,13 @@ TEST_F(Gesture, TheToolboxListsTheTypesAndStartsAtHubAtEachOpening) {
             "Hub|Switch*|Terminal|Main Server|Mail Server*|File Server|Authentication|Lock|"
             "Isolation Bridge|Modem|Session Key Server*|Radio Transmitter|Radio Receiver|"
             "Fax Printer*|Log Server");
-  EXPECT_EQ(preview().size(), QSize(32, 32));
+  for (int item = 0; item < list.count(); ++item) {
+    toolbox(item);
+    const QImage due = DeviceImages(item + 2).toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_FALSE(due.isNull());
+    EXPECT_EQ(preview().grab().toImage().convertToFormat(QImage::Format_RGB32), due) << item;
+  }
+  toolbox(7);
   main.picAdd_Click();
   EXPECT_EQ(list.currentText(), u"Lock") << "open already: stays as it is";
   main.forms().get<frmToolbox>().close();
@@ -336,6 +344,81 @@ TEST_F(Gesture, TheMenuNamesLinksTypesAndTheDevice) {
             "Fax printer|Log server");
   EXPECT_EQ(entries(*contextMenu.build(router, main)),
             "Links(off)|---|&Change type(off)|Remove this router(off)");
+}
+
+TEST_F(Gesture, TheMenuRemovesOnYesAlone) {
+  link(hub, lock);
+  link(server, hub);
+  for (const bool sure : {false, true}) {
+    const Boxes asked(sure ? yes(9) : std::vector<Answer>{});
+    select(hub);
+    const auto menu = contextMenu.build(hub, main);
+    auto &links = dynamic_cast<LongMenu &>(submenu(*menu, "mnuLinks"));
+    links.Click(links.rows().at(1));
+    EXPECT_EQ(dumpLinks(),
+              sure ? "1@0.5,0.5-3@0.5,0.5/1" : "1@0.5,0.5-3@0.5,0.5/1;4@0.5,0.5-1@0.5,0.5/1");
+    EXPECT_EQ(frames(), "1 solid 2 0 #1;") << "whatever the answer was";
+    menu->findChild<QAction *>(QStringLiteral("mnuRemove"))->trigger();
+    EXPECT_EQ(UBound(Systems), sure ? 3 : 4);
+    EXPECT_EQ(frames(), "1 solid 2 0 #1;") << "whoever has the number now";
+    EXPECT_THAT(asked.texts,
+                ElementsAre("Are you sure you want to remove the link from Main server 4?",
+                            "Really remove this hub?"));
+    EXPECT_EQ(asked.boxes[0].title, u"Really remove it?");
+    EXPECT_EQ(asked.boxes[0].icon, MessageBox::Icon::Question);
+    EXPECT_EQ(asked.boxes[0].buttons, MessageBox::Buttons::YesNo);
+    select(UBound(Systems));
+    contextMenu.mnuRemove_Click();
+    EXPECT_EQ(lSelectedItem, sure ? nothing : server) << "none has the last number";
+  }
+  EXPECT_EQ(dumpSystems(),
+            "ROUTER 0 0 1 -1 -1 -1;TERMINAL 200 150 1 -1 -1 -1;LOCK 300 50 1 -1 -1 -1");
+  select(1);
+  for (std::int32_t lType = 2; lType <= 16; ++lType) {
+    const auto menu = contextMenu.build(1, main);
+    submenu(*menu, "mnuChange").actions().at(lType - 2)->trigger();
+    EXPECT_EQ(Systems[1].lType, lType);
+  }
+}
+
+/// Its links are a list of our own, however many they are.
+TEST_F(Gesture, TheLinksOfTheMenuAreWalkedAndPickedAsInAnyMenu) {
+  std::vector<std::int32_t> picked;
+  LongMenu menu(QStringLiteral("Links"), nullptr);
+  menu.Click = [&](const NumberRow &row) { picked.push_back(row.number); };
+  menu.setRows(
+      {{u"Link to Hub"_qs, 5, 1}, {u"Link to Hub"_qs, 6, 2}, {u"Link from Lock"_qs, 7, 3}});
+  auto &list = *menu.findChild<QListView *>();
+  const auto rowAt = [&](int row) { return list.visualRect(list.model()->index(row, 0)).center(); };
+  struct Case {
+    std::vector<Qt::Key> keys;
+    std::int32_t due;
+  };
+  for (const auto &[keys, due] :
+       std::vector<Case>{{{Qt::Key_Down, Qt::Key_Return}, 5},
+                         {{Qt::Key_Down, Qt::Key_Down, Qt::Key_Space}, 6},
+                         {{Qt::Key_Down, Qt::Key_Up, Qt::Key_Enter}, 7},
+                         {{Qt::Key_Up, Qt::Key_Up, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, 6},
+                         {{Qt::Key_Return, Qt::Key_Down, Qt::Key_Escape}, nothing}}) {
+    menu.setRows(menu.rows()); // as at each opening
+    menu.popup({});
+    picked.clear();
+    for (const Qt::Key key : keys)
+      QTest::keyClick(&menu, key);
+    EXPECT_EQ(picked, due == nothing ? std::vector<std::int32_t>() : std::vector{due});
+    EXPECT_FALSE(menu.isVisible());
+  }
+  menu.popup({});
+  QTest::mouseMove(list.viewport(), rowAt(2));
+  EXPECT_EQ(list.currentIndex().row(), 2);
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, rowAt(1));
+  EXPECT_THAT(picked, ElementsAre(6));
+  EXPECT_EQ(list.height() / list.visualRect(list.model()->index(0, 0)).height(), 3);
+  menu.setRows(std::vector<NumberRow>(5000, {u"Link from Isolation Bridge"_qs, 1, 12345}));
+  menu.popup({});
+  EXPECT_LT(menu.height(), main.screen()->size().height());
+  EXPECT_GT(list.viewport()->width(),
+            menu.fontMetrics().horizontalAdvance(u"Link from Isolation Bridge 12345"_qs));
 }
 
 TEST_F(Gesture, TheMenuOpensAtARightClickAndRunsItsEntry) {

@@ -5,9 +5,12 @@
 #include "panels/frmLinks.h"
 #include "panels/frmSubnet.h"
 #include "runtime/codepage.h"
+#include "runtime/numbers.h"
+#include "widgets/dropdown.h"
 #include "widgets/numberlist.h"
 #include "widgets/textbox.h"
 
+#include <QAbstractButton>
 #include <QClipboard>
 
 #include <random>
@@ -29,6 +32,59 @@ protected:
   template <class F>
   TextBox &box(const char *name) {
     return dynamic_cast<TextBox &>(control<F>(name));
+  }
+  /// What a panel shows: "name=text" of boxes and lists, "name" of a button that is on.
+  template <class F>
+  std::string shown() {
+    QStringList out;
+    for (const QWidget *child : main.forms().get<F>().template findChildren<QWidget *>()) {
+      const auto *button = qobject_cast<const QAbstractButton *>(child);
+      QString text;
+      if (!child->isVisibleTo(&main.forms().get<F>()) || child->objectName().startsWith(u"qt_"))
+        continue;
+      if (const auto *box = dynamic_cast<const TextBox *>(child))
+        text = box->text();
+      else if (const auto *combo = dynamic_cast<const DropDown *>(child))
+        text = combo->currentText();
+      else if (const auto *list = dynamic_cast<const NumberList *>(child))
+        text = rows(*list);
+      else if (const auto *label = qobject_cast<const QLabel *>(child);
+               label != nullptr &&
+               QStringList{u"lblLinks"_qs, u"lblSubnets"_qs, u"lblNoDevice"_qs}.contains(
+                   label->objectName()))
+        text = label->text();
+      else if (button == nullptr || !button->isChecked())
+        continue;
+      out << child->objectName() + (button == nullptr ? u'=' + text : QString());
+    }
+    return out.join(u' ').toStdString();
+  }
+  /// "a;>b;c" with b picked.
+  static QString rows(const NumberList &list) {
+    QStringList out;
+    for (int row = 0; const NumberRow &shown : list.rows())
+      out << (row++ == list.ListIndex() ? u">"_qs : QString()) + shown.text();
+    return out.join(u';');
+  }
+  /// Does as the user: "box=text", "list=row", "button".
+  template <class F>
+  void use(const std::string &act) {
+    const std::string name = act.substr(0, act.find('='));
+    const QString value = QString::fromStdString(act).section(u'=', 1);
+    QWidget &used = control<F>(name.c_str());
+    if (auto *box = dynamic_cast<TextBox *>(&used)) {
+      box->selectAll();
+      box->insert(value);
+    } else if (auto *combo = dynamic_cast<DropDown *>(&used)) {
+      test::pick(*combo, combo->findText(value));
+    } else if (auto *list = dynamic_cast<NumberList *>(&used)) {
+      test::pick(*list, value.toInt());
+    } else {
+      QTest::mouseClick(&used, Qt::LeftButton);
+    }
+  }
+  static std::string record(std::int32_t device) {
+    return QString::fromStdString(dumpSystems()).section(u';', device, device).toStdString();
   }
   /// The numbers of a list's rows.
   std::string numbers(const char *list) {
@@ -94,6 +150,167 @@ TEST_F(Panels, ABoxHoldsToItsLimitAndRoundsItsNumber) {
   DataItems.push_back({.lNum = hub, .sText = QStringLiteral("second")}); // as a file may
   data.clear();
   EXPECT_EQ(data.text(), u"second") << "not to be overwritten unseen";
+}
+
+TEST_F(Panels, EachGroupShowsItsRecordAndStoresWhatIsEntered) {
+  add(9, 400, 300);
+  main.picDevice_Click();
+  struct Case {
+    std::int32_t lType;
+    std::array<std::int32_t, 3> data;
+    const char *shows;
+    Words acts;
+    const char *stored;
+  };
+  for (const auto &[lType, data, shows, acts, stored] : std::vector<Case>{
+           {2, {7, 8, 9}, "", {"txtData=new", "optSecur2"}, "HUB 100 50 3 7 8 9 't'"},
+           {13, {7, 8, 9}, "", {"txtData="}, "RADIOTRANSMITTER 100 50 2 7 8 9 't'"},
+           {9, {0, 8, 9}, "", {"chkLocked"}, "LOCK 100 50 2 1 8 9 't'"},
+           {9, {-1, 8, 9}, " chkLocked", {}, "LOCK 100 50 2 -1 8 9 't'"},
+           {9, {5, 8, 9}, " chkLocked", {"chkLocked", "optSecur0"}, "LOCK 100 50 1 0 8 9 't'"},
+           {5,
+            {3, 5, -1},
+            " cboLock0=3 cboLock1=5 cboLock2=None",
+            {"cboLock0=5", "cboLock1=None", "cboLock2=3"},
+            "MAINSERVER 100 50 2 5 -1 3 't'"},
+           {8,
+            {-1, 0, 4},
+            " cboLock0= cboLock1=None cboLock2=",
+            {"cboLock0=3"},
+            "AUTHENTICATION 100 50 2 3 -1 4 't'"}, // 0 is None, and 4 is no lock
+           {10,
+            {5, 3, 9},
+            " cboLock3=5 cboLock4=3",
+            {"cboLock3=3", "cboLock4=5"},
+            "ISOLATIONBRIDGE 100 50 2 3 5 9 't'"},
+           {11, {7, 8, 9}, " txtPhone=t", {"txtPhone= 12-3 "}, "MODEM 100 50 2 7 8 9 ' 12-3 '"},
+           {14,
+            {-1, 25, 9},
+            " txtFreq0=-1 txtFreq1=25",
+            {"txtFreq0=101", "txtFreq1=05"},
+            "RADIORECEIVER 100 50 2 101 5 9 't'"}}) {
+    Systems[hub] = {lType, 100, 50, 2, data[0], data[1], data[2], QStringLiteral("t")};
+    DataItems = {{}, {.lNum = hub, .sText = QStringLiteral("note")}};
+    pick(hub);
+    const std::string common = "txtData=note optSecur1";
+    EXPECT_EQ(shown<frmDevice>(), common + shows);
+    for (const std::string &act : acts)
+      use<frmDevice>(act);
+    EXPECT_EQ(record(hub), stored);
+    EXPECT_EQ(dumpData(), lType == 2 ? "1='new'" : lType == 13 ? "" : "1='note'");
+    const std::string now = shown<frmDevice>();
+    pick(router);
+    EXPECT_EQ(shown<frmDevice>(), "txtData= optSecur0");
+    pick(hub);
+    EXPECT_EQ(shown<frmDevice>(), lType == 14 ? common + " txtFreq0=101 txtFreq1=5" : now);
+  }
+  main.selection().Deselect();
+  EXPECT_EQ(shown<frmDevice>(), "lblNoDevice=No Device Selected");
+  EXPECT_THAT(boxes.texts, IsEmpty());
+}
+
+TEST_F(Panels, EachSpotIsSetAndShownAtBothEnds) {
+  link(router, hub);
+  link(hub, terminal);
+  main.picLink_Click();
+  int spots = 0;
+  for (const double y : {0., .25, .5, .75, 1.})
+    for (const double x : {0., .25, .5, .75, 1.}) {
+      if (x > 0 && x < 1 && y > 0 && y < 1 && (x != .5 || y != .5))
+        continue;
+      const std::string spot = "optPosition" + std::to_string(spots++);
+      Links[1] = {0, .5, .5, 1, .3, .3, 1};
+      Links[2] = {1, .3, .3, 2, .5, .5, 1};
+      pick(hub);
+      for (const char *row : {"lstLinks=0", "lstLinks=1"}) {
+        use<frmLinks>(row);
+        use<frmLinks>(spot);
+      }
+      const std::string place = (doubleText(x) + u',' + doubleText(y)).toStdString();
+      EXPECT_EQ(dumpLinks(), "0@0.5,0.5-1@" + place + "/1;1@" + place + "-2@0.5,0.5/1");
+      const Line &to = surface().lneLink(1), &from = surface().lneLink(2);
+      EXPECT_EQ(QPointF(to.X2, to.Y2), QPointF(100 + 48 * x, 50 + 20 * y));
+      EXPECT_EQ(QPointF(from.X1, from.Y1), QPointF(to.X2, to.Y2));
+      pick(hub);
+      for (const char *row : {"lstLinks=1", "lstLinks=0"}) {
+        use<frmLinks>(row);
+        EXPECT_THAT(shown<frmLinks>(), testing::EndsWith(" optSecur0 " + spot +
+                                                         " txtX=" + doubleText(x).toStdString() +
+                                                         " txtY=" + doubleText(y).toStdString()));
+      }
+    }
+  EXPECT_EQ(spots, 17);
+}
+
+TEST_F(Panels, ALinkIsEditedAtTheSelectedEndAndRemovedOnYes) {
+  link(router, hub);
+  link(terminal, lock);
+  link(hub, terminal);
+  link(hub, hub);
+  main.picLink_Click();
+  pick(hub);
+  const auto colours = [this] {
+    std::string out;
+    for (std::int32_t i = 1; i <= surface().lneLink.UBound(); ++i)
+      out += surface().lneLink(i).BorderColor == LinkSelColor ? '!' : '-';
+    return out;
+  };
+  EXPECT_EQ(
+      shown<frmLinks>() + colours(),
+      "lblLinks=Links for Hub 1: lstLinks=>Link from Router 0;Link to Terminal 2;Link to Hub 1 "
+      "optSecur0 optPosition8 txtX=0.5 txtY=0.5!---");
+  for (const char *act : {"lstLinks=1", "txtX=.3", "txtY=7"})
+    use<frmLinks>(act);
+  EXPECT_EQ(Links[3].dFromX, .5) << "typing stores nothing";
+  for (const char *act : {"optPosition17", "optSecur2", "lstLinks=0", "lstLinks=1"})
+    use<frmLinks>(act);
+  EXPECT_EQ(dumpLinks(), "0@0.5,0.5-1@0.5,0.5/1;2@0.5,0.5-3@0.5,0.5/1;1@0.3,7-2@0.5,0.5/3;"
+                         "1@0.5,0.5-1@0.5,0.5/1");
+  EXPECT_EQ(surface().lneLink(3).Y1, 50 + 7 * 20);
+  EXPECT_THAT(shown<frmLinks>() + colours(),
+              testing::EndsWith("optSecur2 optPosition17 txtX=0.3 txtY=7--!-"));
+  const Boxes asked(yes(1));
+  use<frmLinks>("cmdRemove");
+  EXPECT_THAT(asked.texts, ElementsAre("Are you sure you want to remove the link to Terminal 2?"));
+  EXPECT_THAT(shown<frmLinks>() + colours(),
+              testing::StartsWith("lblLinks=Links for Hub 1: lstLinks=Link from Router 0;Link to "
+                                  "Hub 1 optSecur2"));
+  EXPECT_EQ(colours(), "---");
+  use<frmLinks>("cmdRemove"); // none is picked
+  use<frmLinks>("lstLinks=1");
+  EXPECT_EQ(colours(), "--!") << "it has another number now";
+  EXPECT_EQ(dumpLinks(), "0@0.5,0.5-1@0.5,0.5/1;2@0.5,0.5-3@0.5,0.5/1;1@0.5,0.5-1@0.5,0.5/1");
+  pick(server);
+  EXPECT_EQ(shown<frmLinks>() + colours(), "lblLinks=Links for Main server 4: lstLinks= optSecur0 "
+                                           "optPosition8 txtX=0.5 txtY=0.5---");
+}
+
+TEST_F(Panels, SubnetsMoveBetweenTheListsAndAreFramed) {
+  for (const auto &[owner, listed] : {std::pair(hub, server), {terminal, hub}, {hub, router}})
+    main.operations().AddSubnet(owner, listed);
+  main.picSubnet_Click();
+  pick(hub);
+  const std::string heading = "lblSubnets=Valid subnets for Hub 1: ";
+  EXPECT_EQ(shown<frmSubnet>(),
+            heading + "lstSubnets=Router 0;Main server 4 lstSystems=Terminal 2;Lock 3");
+  EXPECT_EQ(frames(), "0 solid 2 8000;1 solid 2 FFFFFF #1;4 solid 2 8000;");
+  use<frmSubnet>("lstSubnets=1");
+  EXPECT_EQ(frames(), "0 solid 2 8000;1 solid 2 FFFFFF #1;4 solid 2 FF00;");
+  use<frmSubnet>("lstSubnets=0");
+  EXPECT_EQ(frames(), "0 solid 2 FF00;1 solid 2 FFFFFF #1;4 solid 2 8000;");
+  use<frmSubnet>("picRemove");
+  use<frmSubnet>("picRemove"); // none is picked any more
+  EXPECT_EQ(shown<frmSubnet>() + dumpSubnets(),
+            heading + "lstSubnets=Main server 4 lstSystems=Terminal 2;Lock 3;Router 01<4;2<1");
+  use<frmSubnet>("picAdd");
+  use<frmSubnet>("lstSystems=1");
+  use<frmSubnet>("picAdd");
+  EXPECT_EQ(shown<frmSubnet>() + dumpSubnets(),
+            heading + "lstSubnets=Main server 4;Lock 3 lstSystems=Terminal 2;Router 01<4;2<1;1<3");
+  pick(hub);
+  EXPECT_EQ(shown<frmSubnet>(),
+            heading + "lstSubnets=Lock 3;Main server 4 lstSystems=Router 0;Terminal 2");
+  EXPECT_EQ(frames(), "1 solid 2 FFFFFF #1;3 dotted 1 8000;4 solid 2 8000;");
 }
 
 TEST_F(Panels, LocksOfTheSelectedServerAreFramed) {
