@@ -2,12 +2,8 @@
 #include "document/operations.h"
 #include "support.h"
 
-#include <gmock/gmock.h>
-
 #include <random>
 #include <set>
-
-using testing::ElementsAre;
 
 namespace vnb::test {
 namespace {

@@ -21,10 +21,6 @@
 
 #include <csignal>
 
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::IsEmpty;
-
 namespace vnb::test {
 namespace {
 

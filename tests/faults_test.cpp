@@ -9,8 +9,6 @@
 #include <QHash>
 #include <QImage>
 
-#include <gmock/gmock.h>
-
 #include <cerrno>
 #include <cstdarg>
 #include <cstdlib>

@@ -14,12 +14,11 @@
 #include "support.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 
 #include <QRegularExpression>
-
-#include <gmock/gmock.h>
 
 #include <map>
 
@@ -138,6 +137,11 @@ TEST_F(Forms, HaveEachControlInAPlaceOfItsOwn) {
       EXPECT_TRUE(one->pos() != QPoint() || one->width() == room.width() ||
                   one->height() > room.height() / 2)
           << name;
+      if (one->focusPolicy() != Qt::NoFocus) {
+        auto *access = QAccessible::queryAccessibleInterface(const_cast<QWidget *>(one));
+        EXPECT_NE(access->role(), QAccessible::Client) << name;
+        EXPECT_FALSE(access->text(QAccessible::Name).isEmpty()) << name;
+      }
       for (const QWidget *other : controls(*form)) {
         const bool apart = other == one || other->parentWidget() != one->parentWidget() ||
                            liesUnderOthers(*one) || liesUnderOthers(*other) ||

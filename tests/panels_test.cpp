@@ -6,17 +6,10 @@
 #include "panels/frmSubnet.h"
 #include "runtime/codepage.h"
 #include "runtime/numbers.h"
-#include "widgets/dropdown.h"
-#include "widgets/numberlist.h"
-#include "widgets/textbox.h"
 
-#include <QAbstractButton>
 #include <QClipboard>
 
 #include <random>
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace vnb::test {
 namespace {
@@ -26,74 +19,24 @@ protected:
   Panels() { useCodePage(1252); }
 
   template <class F>
-  QWidget &control(const char *name) {
-    return *main.forms().get<F>().template findChild<QWidget *>(QString::fromLatin1(name));
+  F &form() {
+    return main.forms().get<F>();
   }
   template <class F>
   TextBox &box(const char *name) {
-    return dynamic_cast<TextBox &>(control<F>(name));
+    return controlOf<TextBox>(form<F>(), name);
   }
-  /// What a panel shows: "name=text" of boxes and lists, "name" of a button that is on.
   template <class F>
   std::string shown() {
-    QStringList out;
-    for (const QWidget *child : main.forms().get<F>().template findChildren<QWidget *>()) {
-      const auto *button = qobject_cast<const QAbstractButton *>(child);
-      QString text;
-      if (!child->isVisibleTo(&main.forms().get<F>()) || child->objectName().startsWith(u"qt_"))
-        continue;
-      if (const auto *box = dynamic_cast<const TextBox *>(child))
-        text = box->text();
-      else if (const auto *combo = dynamic_cast<const DropDown *>(child))
-        text = combo->currentText();
-      else if (const auto *list = dynamic_cast<const NumberList *>(child))
-        text = rows(*list);
-      else if (const auto *label = qobject_cast<const QLabel *>(child);
-               label != nullptr &&
-               QStringList{u"lblLinks"_qs, u"lblSubnets"_qs, u"lblNoDevice"_qs}.contains(
-                   label->objectName()))
-        text = label->text();
-      else if (button == nullptr || !button->isChecked())
-        continue;
-      out << child->objectName() + (button == nullptr ? u'=' + text : QString());
-    }
-    return out.join(u' ').toStdString();
+    return test::shown(form<F>());
   }
-  /// "a;>b;c" with b picked.
-  static QString rows(const NumberList &list) {
-    QStringList out;
-    for (int row = 0; const NumberRow &shown : list.rows())
-      out << (row++ == list.ListIndex() ? u">"_qs : QString()) + shown.text();
-    return out.join(u';');
-  }
-  /// Does as the user: "box=text", "list=row", "button".
   template <class F>
   void use(const std::string &act) {
-    const std::string name = act.substr(0, act.find('='));
-    const QString value = QString::fromStdString(act).section(u'=', 1);
-    QWidget &used = control<F>(name.c_str());
-    if (auto *box = dynamic_cast<TextBox *>(&used)) {
-      box->selectAll();
-      box->insert(value);
-    } else if (auto *combo = dynamic_cast<DropDown *>(&used)) {
-      test::pick(*combo, combo->findText(value));
-    } else if (auto *list = dynamic_cast<NumberList *>(&used)) {
-      test::pick(*list, value.toInt());
-    } else {
-      QTest::mouseClick(&used, Qt::LeftButton);
-    }
+    test::use(form<F>(), act);
   }
   static std::string record(std::int32_t device) {
     return QString::fromStdString(dumpSystems()).section(u';', device, device).toStdString();
   }
-  /// The numbers of a list's rows.
-  std::string numbers(const char *list) {
-    std::string result;
-    for (const NumberRow &row : dynamic_cast<NumberList &>(control<frmSubnet>(list)).rows())
-      result += std::to_string(row.number);
-    return result;
-  }
-
   /// Selects without the pointer: panels lie over the layout.
   void pick(std::int32_t device) { main.selection().SelectItem(device, SelectedColor, false); }
 };
@@ -234,9 +177,9 @@ TEST_F(Panels, EachSpotIsSetAndShownAtBothEnds) {
       pick(hub);
       for (const char *row : {"lstLinks=1", "lstLinks=0"}) {
         use<frmLinks>(row);
-        EXPECT_THAT(shown<frmLinks>(), testing::EndsWith(" optSecur0 " + spot +
-                                                         " txtX=" + doubleText(x).toStdString() +
-                                                         " txtY=" + doubleText(y).toStdString()));
+        EXPECT_THAT(shown<frmLinks>(),
+                    EndsWith(" optSecur0 " + spot + " txtX=" + doubleText(x).toStdString() +
+                             " txtY=" + doubleText(y).toStdString()));
       }
     }
   EXPECT_EQ(spots, 17);
@@ -268,13 +211,13 @@ TEST_F(Panels, ALinkIsEditedAtTheSelectedEndAndRemovedOnYes) {
                          "1@0.5,0.5-1@0.5,0.5/1");
   EXPECT_EQ(surface().lneLink(3).Y1, 50 + 7 * 20);
   EXPECT_THAT(shown<frmLinks>() + colours(),
-              testing::EndsWith("optSecur2 optPosition17 txtX=0.3 txtY=7--!-"));
+              EndsWith("optSecur2 optPosition17 txtX=0.3 txtY=7--!-"));
   const Boxes asked(yes(1));
   use<frmLinks>("cmdRemove");
   EXPECT_THAT(asked.texts, ElementsAre("Are you sure you want to remove the link to Terminal 2?"));
   EXPECT_THAT(shown<frmLinks>() + colours(),
-              testing::StartsWith("lblLinks=Links for Hub 1: lstLinks=Link from Router 0;Link to "
-                                  "Hub 1 optSecur2"));
+              StartsWith("lblLinks=Links for Hub 1: lstLinks=Link from Router 0;Link to "
+                         "Hub 1 optSecur2"));
   EXPECT_EQ(colours(), "---");
   use<frmLinks>("cmdRemove"); // none is picked
   use<frmLinks>("lstLinks=1");
@@ -322,26 +265,24 @@ TEST_F(Panels, LocksOfTheSelectedServerAreFramed) {
   const std::string second = "4 solid 2 FFFFFF #4;5 dotted 1 FFFF;";
   const std::string both = first + "5 dotted 1 FFFF;";
   EXPECT_EQ(frames(), both);
-  for (const auto &[name, row, due] : std::vector<std::tuple<const char *, int, std::string>>{
-           {"cboLock1", 0, first},
-           {"cboLock1", 2, both},
-           {"cboLock0", 1, second}, // of both boxes: the later one frames
-           {"cboLock2", 1, both}}) {
-    test::pick(dynamic_cast<QComboBox &>(control<frmDevice>(name)), row);
-    EXPECT_EQ(frames(), due) << name;
+  for (const auto &[act, due] : std::vector<std::pair<const char *, std::string>>{
+           {"cboLock1=None", first},
+           {"cboLock1=5", both},
+           {"cboLock0=5", second}, // of both boxes: the later one frames
+           {"cboLock2=3", both}}) {
+    use<frmDevice>(act);
+    EXPECT_EQ(frames(), due) << act;
   }
   add(9, 0, 0);
   EXPECT_EQ(frames(), second) << "refilled boxes that show None frame nothing";
-  EXPECT_EQ(dumpSystems().substr(dumpSystems().find("MAIN")),
-            "MAINSERVER 100 250 1 5 5 3;LOCK 400 300 1 -1 -1 -1;LOCK 0 0 1 -1 -1 -1")
-      << "but keep their records";
+  EXPECT_EQ(record(server), "MAINSERVER 100 250 1 5 5 3") << "but keep their records";
 }
 
 TEST_F(Panels, RowsOfLockBoxesFollowTheirDevices) {
   add(9, 400, 300);
   Systems[server].lData2 = 5;
   pick(server);
-  auto &cboLock1 = dynamic_cast<QComboBox &>(control<frmDevice>("cboLock1"));
+  auto &cboLock1 = controlOf<QComboBox>(form<frmDevice>(), "cboLock1");
   const auto state = [&](std::int32_t device) {
     std::string text = cboLock1.currentText().toStdString() + " of";
     for (int i = 0; i < cboLock1.count(); ++i)
@@ -353,12 +294,12 @@ TEST_F(Panels, RowsOfLockBoxesFollowTheirDevices) {
   main.operations().RemoveSystem(2);
   pick(2);
   EXPECT_EQ(state(2), "3 of None 2 3, stored 3");
-  test::pick(cboLock1, 1);
+  use<frmDevice>("cboLock1=2");
   EXPECT_THAT(boxes.texts, ElementsAre("340 frmDevice.cboLock_Click"));
   EXPECT_EQ(state(2), "3 of None 2 3, stored 3") << "the row of a lock that is gone";
   add(9, 0, 0);
   EXPECT_EQ(state(2), "None of None 3 4, stored 3");
-  test::pick(cboLock1, 0);
+  use<frmDevice>("cboLock1=None");
   EXPECT_EQ(state(2), "None of None 3 4, stored -1");
 }
 
@@ -367,71 +308,51 @@ TEST_F(Panels, WithoutADeviceNothingActs) {
   main.operations().AddSubnet(hub, terminal);
   link(hub, terminal);
   Systems[hub].lType = 11;
-  const auto keysInAll = [this] {
-    for (QWidget *panel : {static_cast<QWidget *>(&main.forms().get<frmDevice>()),
-                           static_cast<QWidget *>(&main.forms().get<frmLinks>()),
-                           static_cast<QWidget *>(&main.forms().get<frmSubnet>())})
-      for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_7})
-        QTest::keyClick(panel->focusWidget() != nullptr ? panel->focusWidget() : panel, key);
-  };
   main.picDevice_Click();
   main.picLink_Click();
   main.picSubnet_Click();
   for (const bool anew : {false, true}) {
     pick(hub);
-    control<frmDevice>("txtPhone").setFocus();
-    control<frmLinks>("cmdRemove").setFocus();
-    test::pick(dynamic_cast<NumberList &>(control<frmSubnet>("lstSystems")), 0);
-    control<frmSubnet>("picAdd").setFocus();
-    if (anew)
-      main.picNew_Click();
-    else
-      main.selection().Deselect();
+    box<frmDevice>("txtPhone").setFocus();
+    controlOf(form<frmLinks>(), "cmdRemove").setFocus();
+    use<frmSubnet>("lstSystems=0");
+    controlOf(form<frmSubnet>(), "picAdd").setFocus();
+    anew ? main.picNew_Click() : main.selection().Deselect();
     const std::string before = dump();
-    keysInAll();
+    for (QWidget *panel : std::initializer_list<QWidget *>{&form<frmDevice>(), &form<frmLinks>(),
+                                                           &form<frmSubnet>()}) {
+      for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_7})
+        QTest::keyClick(panel->focusWidget() != nullptr ? panel->focusWidget() : panel, key);
+      EXPECT_EQ(test::shown(*panel), "lblNoDevice=No Device Selected");
+    }
     EXPECT_EQ(dump(), before);
+    EXPECT_TRUE(controlOf<NumberList>(form<frmSubnet>(), "lstSubnets").rows().empty());
     EXPECT_THAT(boxes.texts, IsEmpty());
-    EXPECT_EQ(numbers("lstSubnets") + numbers("lstSystems"), "");
   }
 }
 
 TEST_F(Panels, TheLinkPanelTellsAndAsksAndIsFilledWhenMadeAnew) {
   main.operations().AddLink(router, .5, .5, hub, .25, 0, 1);
-  main.forms().get<frmLinks>().show();
+  form<frmLinks>().show();
   pick(hub);
-  for (const char *wrong : {"x", "9e99"}) { // the latter is farther than any line reaches
-    box<frmLinks>("txtX").selectAll();
-    box<frmLinks>("txtX").insert(QString::fromLatin1(wrong));
-    QTest::mouseClick(&control<frmLinks>("optPosition17"), Qt::LeftButton);
+  for (const char *wrong : {"txtX=x", "txtX=9e99"}) { // the latter is farther than any line reaches
+    use<frmLinks>(wrong);
+    use<frmLinks>("optPosition17");
   }
-  QTest::mouseClick(&control<frmLinks>("cmdRemove"), Qt::LeftButton);
+  use<frmLinks>("cmdRemove");
   EXPECT_EQ(dumpLinks(), "0@0.5,0.5-1@0.25,0/1");
   const char *const told =
       "X and Y must be numbers within reach, such as 0.5. The link stays where it is.";
-  EXPECT_THAT(boxes.texts, ElementsAre(told, told,
-                                       "Are you sure you want to remove the link from "
-                                       "Router 0?"));
+  EXPECT_THAT(boxes.texts,
+              ElementsAre(told, told, "Are you sure you want to remove the link from Router 0?"));
   EXPECT_EQ(boxes.boxes[0].title + boxes.boxes[2].title, u"LinksReally remove?");
   EXPECT_EQ(boxes.boxes[0].icon, MessageBox::Icon::Exclamation);
   EXPECT_EQ(boxes.boxes[2].buttons, MessageBox::Buttons::YesNo);
-  main.forms().get<frmLinks>().close();
-  EXPECT_EQ(dynamic_cast<NumberList &>(control<frmLinks>("lstLinks")).rows().size(), 1U)
-      << "made anew, it shows the selected device";
-  main.forms().get<frmDevice>().close();
+  form<frmLinks>().close();
+  EXPECT_THAT(shown<frmLinks>(), HasSubstr("lstLinks=Link from Router 0")) << "made anew";
+  form<frmDevice>().close();
   main.picNew_Click();
-  EXPECT_EQ(main.forms().loaded<frmDevice>(), nullptr)
-      << "New speaks only to panels that are there";
-}
-
-TEST_F(Panels, AButtonOfThePickerIsWhereItShows) {
-  pick(hub);
-  const QWidget &panel = control<frmLinks>("picLinks");
-  for (int i = 0; i < 17; ++i) {
-    const QWidget &option = control<frmLinks>(("optPosition" + std::to_string(i)).c_str());
-    EXPECT_EQ(option.size(), QSize(12, 12));
-    EXPECT_EQ(panel.childAt(option.geometry().topLeft()), &option) << i;
-    EXPECT_EQ(panel.childAt(option.geometry().bottomRight()), &option) << i;
-  }
+  EXPECT_EQ(main.forms().loaded<frmDevice>(), nullptr) << "New makes no panels";
 }
 
 /// Whatever is typed or pasted, a file holds it: from the second save on nothing changes.

@@ -8,17 +8,11 @@
 #include "runtime/xml.h"
 #include "support.h"
 
-#include <gmock/gmock.h>
-
 #include <cmath>
 #include <limits>
 #include <new>
 #include <random>
 #include <sys/resource.h>
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::StartsWith;
 
 namespace vnb::test {
 namespace {

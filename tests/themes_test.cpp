@@ -7,15 +7,11 @@
 #include <QDir>
 #include <QImage>
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <map>
 #include <set>
-
-using testing::MatchesRegex;
 
 namespace vnb::test {
 namespace {

@@ -15,8 +15,6 @@
 #include "widgets/pushoption.h"
 #include "widgets/textbox.h"
 
-#include <gmock/gmock.h>
-
 #include <QCheckBox>
 #include <QMenu>
 #include <QMessageBox>
@@ -26,8 +24,6 @@
 #include <QWheelEvent>
 
 #include <algorithm>
-
-using testing::ElementsAre;
 
 namespace vnb::test {
 namespace {
