@@ -142,6 +142,11 @@ TEST_F(Forms, HaveEachControlInAPlaceOfItsOwn) {
         EXPECT_NE(access->role(), QAccessible::Client) << name;
         EXPECT_FALSE(access->text(QAccessible::Name).isEmpty()) << name;
       }
+      const auto *label = qobject_cast<const QLabel *>(one);
+      const auto *box = qobject_cast<QLineEdit *>(label != nullptr ? label->buddy() : nullptr);
+      const QPoint off =
+          (box != nullptr ? box : one)->geometry().center() - one->geometry().center();
+      EXPECT_LE(std::abs(off.y()), 1) << name << " doesn't stand level with its box";
       for (const QWidget *other : controls(*form)) {
         const bool apart = other == one || other->parentWidget() != one->parentWidget() ||
                            liesUnderOthers(*one) || liesUnderOthers(*other) ||
