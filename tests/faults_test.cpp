@@ -209,23 +209,6 @@ TEST_F(EveryFault, OfAnAllocationWhileAFileIsSaved) {
   save(&Faults::allocations, 1);
 }
 
-TEST_F(EveryFault, OfACallWhileSettingsAreRead) {
-  qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path(".")));
-  folder.file("[Main]\nPosX=75\nTheme=blue\n[Settings]\nGridRes=10\n[Colors]\nGrid=1\n", "VNB.ini");
-  Words whole;
-  Window window;
-  const int count = withEach(
-      &Faults::calls, forgetAll, [&] { LoadSettings(window); },
-      [&](const Words &boxes, bool failed) {
-        if (!failed)
-          whole = values();
-        EXPECT_TRUE(failed || boxes.empty());
-        EXPECT_TRUE(values() == whole || !boxes.empty());
-        EXPECT_EQ(window.settingsLeftOut, !boxes.empty()) << "saving would replace what is there";
-      });
-  EXPECT_GE(count, 3);
-}
-
 TEST_F(EveryFault, OfACallWhileSettingsAreWritten) {
   qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path(".")));
   const QByteArray old = "[Other]\nKey=1\n[Settings]\nGridRes=10\n";

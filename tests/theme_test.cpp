@@ -186,21 +186,6 @@ TEST_F(ThemeLoader, AFaultyDevicePictureLeavesTheLowerTypesDone) {
   EXPECT_EQ(size(1), "48x32") << "the fields are counted first";
 }
 
-TEST_F(ThemeLoader, AFaultyButtonEndsTheLoad) {
-  fails = true;
-  for (const auto &[files, error] :
-       sides({"over='none.png' down='a.png' -> 53", "over='a.png' -> 75",
-              "over='a|b.png' down='a.png' -> Incorrect paramaters to LoadButtonImages!"}))
-    EXPECT_EQ(load(sections(
-                  {},
-                  "<b for='new' off='a.png' over='a.png' down='a.png'/><b for='save' off='a.png' " +
-                      QByteArray::fromStdString(files) + "/>",
-                  "<d name='hub' image='a.png'/>")),
-              error);
-  EXPECT_THAT(calls, ElementsAre("UpdateColors", "NEW ~/a.png|~/a.png|~/a.png", "LOAD ||",
-                                 "SAVE ~/a.png|~/a|b.png|~/a.png"));
-}
-
 TEST_F(ThemeLoader, TakesTheUsualPicturesOfSoundSize) {
   for (const auto &[name, width] :
        {std::pair("a.bmp", 5), {"a.jpg", 5}, {"wide.png", 4096}, {"wider.png", 4097}})

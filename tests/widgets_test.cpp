@@ -4,7 +4,6 @@
 #include "formtest.h"
 #include "look.h"
 #include "widgets/controls.h"
-#include "widgets/dialogs.h"
 #include "widgets/dropdown.h"
 #include "widgets/numberlist.h"
 #include "widgets/optiongroup.h"
@@ -12,10 +11,8 @@
 #include "widgets/textbox.h"
 
 #include <QCheckBox>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -175,24 +172,6 @@ TEST_F(Controls, AnOpenedListHasTheThemesColours) {
         << "below its box";
     drop->hidePopup();
   }
-}
-
-TEST_F(Controls, ABoxGivesTheKeysBack) {
-  FormWindow other("other", "Other", {3000, 3000});
-  other.show();
-  form.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-  QTimer::singleShot(0, [&] {
-    QWidget *box = QApplication::activeModalWidget();
-    ASSERT_NE(box, nullptr);
-    other.activateWindow(); // as a window manager may do when the box goes
-    box->close();
-  });
-  showMessageWindow({.title = QStringLiteral("t"),
-                     .text = QStringLiteral("x"),
-                     .icon = MessageBox::Icon::Question,
-                     .buttons = MessageBox::Buttons::Ok});
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
 }
 
 } // namespace
