@@ -261,7 +261,8 @@ TEST(Start, TakesWhatIsStoredAndTheEndStoresIt) {
     main.move(40, 60);
     ShowGrid = false;
     const QPointer<frmSplash> form = &main.forms().get<frmSplash>();
-    main.close();
+    EXPECT_TRUE(main.close());
+    EXPECT_FALSE(main.isVisible());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(form.isNull());
     EXPECT_THAT(Folder::bytes(folder.path("VNB.ini")).toStdString(),

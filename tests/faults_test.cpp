@@ -165,6 +165,8 @@ void EveryFault::open(bool Faults::*kind, int least) {
         EXPECT_TRUE(failed || boxes.empty());
         EXPECT_TRUE(dump() == whole || !boxes.empty());
         EXPECT_FALSE(LoadingFile);
+        EXPECT_THAT(boxes, Each(MatchesRegex("[0-9]+ frmMain\\.(ClearLAN|OpenLANFile|"
+                                             "Add(System|Link|Subnet|Data))")));
       });
   EXPECT_GE(count, least);
 }

@@ -128,7 +128,7 @@ bool liesUnderOthers(const QWidget &control) {
 
 TEST_F(Forms, HaveEachControlInAPlaceOfItsOwn) {
   for (const QWidget *form : all)
-    for (const QWidget *one : controls(*form)) {
+    for (QWidget *one : controls(*form)) {
       const std::string name = (form->objectName() + u'.' + one->objectName()).toStdString();
       const QRect room = one->parentWidget()->rect();
       if (one->objectName() == u"picLayout" || one->objectName() == u"lblItem")
@@ -138,7 +138,7 @@ TEST_F(Forms, HaveEachControlInAPlaceOfItsOwn) {
                   one->height() > room.height() / 2)
           << name;
       if (one->focusPolicy() != Qt::NoFocus) {
-        auto *access = QAccessible::queryAccessibleInterface(const_cast<QWidget *>(one));
+        auto *access = QAccessible::queryAccessibleInterface(one);
         EXPECT_NE(access->role(), QAccessible::Client) << name;
         EXPECT_FALSE(access->text(QAccessible::Name).isEmpty()) << name;
       }

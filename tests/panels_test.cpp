@@ -76,6 +76,14 @@ TEST_F(Panels, ABoxHoldsToItsLimitAndRoundsItsNumber) {
     EXPECT_EQ(Systems[hub].lData1, stored) << typed;
     EXPECT_EQ(LanHeader.YPOS, stored) << typed;
   }
+  {
+    const Boxes told;
+    limited.setText(QStringLiteral("9e9"));
+    use<frmLanInfo>("txtX=9e9");
+    use<frmLanInfo>("txtY=9e9");
+    EXPECT_THAT(told.texts, ElementsAre("6 frmDevice.txtFreq_Change", "6 frmLanInfo.txtX_Change",
+                                        "6 frmLanInfo.txtY_Change"));
+  }
   for (const char *act : {"txtName=a \u2192", "txtCompany=b", "txtIP=", "txtX=7"})
     use<frmLanInfo>(act);
   EXPECT_EQ(dump().substr(0, dump().find('|')), "a ?,b,,7,0") << "one sees what is saved";
@@ -333,6 +341,13 @@ TEST_F(Panels, WithoutADeviceNothingActs) {
     EXPECT_EQ(dump(), before);
     EXPECT_TRUE(controlOf<NumberList>(form<frmSubnet>(), "lstSubnets").rows().empty());
     EXPECT_THAT(boxes.texts, IsEmpty());
+  }
+  // assistive technology reaches into boxes that no key does
+  for (const auto &[name, due] :
+       sides({"txtData -> txtData", "txtPhone -> txtPhone", "txtFreq1 -> txtFreq"})) {
+    const Boxes told;
+    box<frmDevice>(name.c_str()).setText(QStringLiteral("7"));
+    EXPECT_THAT(told.texts, ElementsAre("9 frmDevice." + due + "_Change"));
   }
 }
 

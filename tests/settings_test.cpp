@@ -212,6 +212,7 @@ TEST_F(Settings, WhatCannotBeReadIsToldAndLeftAlone) {
                   ElementsAre(number + " frmMain." + procedure))
           << place;
       EXPECT_THAT(told, HasSubstr("/VNB.ini\n"));
+      EXPECT_EQ(place == "large", told.find("The file is larger than 1 MiB.") != std::string::npos);
     }
     EXPECT_EQ(values(), defaults) << "Yes starts with what there is";
   }

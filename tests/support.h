@@ -20,6 +20,7 @@
 namespace vnb::test {
 
 using testing::AllOf;
+using testing::Each;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
