@@ -189,7 +189,8 @@ TEST_F(Editor, AThemeRestylesEverythingThatStands) {
   picture.fill(Qt::cyan);
   EXPECT_TRUE(picture.save(store.path("router.png")));
   LoadTheme(store.file("<T><COLORS><C for='background' color='#102030'/><C for='text' "
-                       "color='#FFEEDD'/><C for='redtext' color='#FF4433'/><C for='link' "
+                       "color='#FFEEDD'/><C for='redtext' color='#FF4433'/><C for='separator' "
+                       "color='#556677'/><C for='link' "
                        "color='#00FF00'/><C for='secure1' color='#004040'/></COLORS><BUTTONS/>"
                        "<DEVICES><D name='router' image='router.png'/></DEVICES></T>"),
             main.view());
@@ -204,7 +205,16 @@ TEST_F(Editor, AThemeRestylesEverythingThatStands) {
     EXPECT_EQ(shown.pixelColor(x, 5), QColor(0x10, 0x20, 0x30)) << "the grid is wiped";
   EXPECT_EQ(foreground(main, "lblStatus"), "#ffeedd");
   EXPECT_EQ(main.palette().color(QPalette::Window).name(), u"#102030");
-  EXPECT_EQ(main.findChild<QScrollBar *>()->palette().color(QPalette::Button).name(), u"#102030");
+  for (const QScrollBar *bar : {&child<QScrollBar>("hsbScroll"), &child<QScrollBar>("vsbScroll")})
+    EXPECT_EQ(bar->palette().color(QPalette::Button), main.palette().color(QPalette::Window));
+  const QImage toolbar = child("picToolbar").grab().toImage();
+  std::string separators;
+  for (int x = 270; x < toolbar.width(); ++x)
+    if (toolbar.pixelColor(x, 2) == toQColor(SeparatorColor))
+      separators += std::to_string(x) + " ";
+  EXPECT_EQ(separators, "289 290 ");
+  for (const auto &[y, colour] : {std::pair(26, BackgroundColor), {27, SeparatorColor}})
+    EXPECT_EQ(toolbar.pixelColor(0, y), toQColor(colour));
   auto &device = main.forms().get<frmDevice>();
   EXPECT_EQ(foreground(device, "lblNoDevice"), "#ff4433");
   EXPECT_EQ(foreground(main.forms().get<frmSubnet>(), "lblNoDevice"), "#ff4433");

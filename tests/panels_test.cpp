@@ -233,6 +233,7 @@ TEST_F(Panels, ALinkIsEditedAtTheSelectedEndAndRemovedOnYes) {
   use<frmLinks>("lstLinks=1");
   EXPECT_EQ(colours(), "--!") << "it has another number now";
   EXPECT_EQ(dumpLinks(), "0@0.5,0.5-1@0.5,0.5/1;2@0.5,0.5-3@0.5,0.5/1;1@0.5,0.5-1@0.5,0.5/1");
+  use<frmLinks>("optPosition0");
   pick(server);
   EXPECT_EQ(shown<frmLinks>() + colours(), "lblLinks=Links for Main server 4: lstLinks= optSecur0 "
                                            "optPosition8 txtX=0.5 txtY=0.5---");
@@ -342,7 +343,9 @@ TEST_F(Panels, WithoutADeviceNothingActs) {
     EXPECT_TRUE(controlOf<NumberList>(form<frmSubnet>(), "lstSubnets").rows().empty());
     EXPECT_THAT(boxes.texts, IsEmpty());
   }
-  // assistive technology reaches into boxes that no key does
+  // assistive technology reaches what no key does
+  controlOf<QAbstractButton>(form<frmDevice>(), "chkLocked").toggle();
+  EXPECT_THAT(boxes.texts, ElementsAre("9 frmDevice.chkLocked_Click"));
   for (const auto &[name, due] :
        sides({"txtData -> txtData", "txtPhone -> txtPhone", "txtFreq1 -> txtFreq"})) {
     const Boxes told;
@@ -355,19 +358,19 @@ TEST_F(Panels, TheLinkPanelTellsAndAsksAndIsFilledWhenMadeAnew) {
   main.operations().AddLink(router, .5, .5, hub, .25, 0, 1);
   form<frmLinks>().show();
   pick(hub);
-  for (const char *wrong : {"txtX=x", "txtX=9e99"}) { // the latter is farther than any line reaches
-    use<frmLinks>(wrong);
-    use<frmLinks>("optPosition17");
-  }
+  // numbers within reach of a line, both
+  for (const char *act : {"txtX=x", "optPosition17", "txtX=9e99", "optPosition17", "txtX=1",
+                          "txtY=9e99", "optPosition17"})
+    use<frmLinks>(act);
   use<frmLinks>("cmdRemove");
   EXPECT_EQ(dumpLinks(), "0@0.5,0.5-1@0.25,0/1");
   const char *const told =
       "X and Y must be numbers within reach, such as 0.5. The link stays where it is.";
-  EXPECT_THAT(boxes.texts,
-              ElementsAre(told, told, "Are you sure you want to remove the link from Router 0?"));
-  EXPECT_EQ(boxes.boxes[0].title + boxes.boxes[2].title, u"LinksReally remove?");
+  EXPECT_THAT(boxes.texts, ElementsAre(told, told, told,
+                                       "Are you sure you want to remove the link from Router 0?"));
+  EXPECT_EQ(boxes.boxes[0].title + boxes.boxes[3].title, u"LinksReally remove?");
   EXPECT_EQ(boxes.boxes[0].icon, MessageBox::Icon::Exclamation);
-  EXPECT_EQ(boxes.boxes[2].buttons, MessageBox::Buttons::YesNo);
+  EXPECT_EQ(boxes.boxes[3].buttons, MessageBox::Buttons::YesNo);
   form<frmLinks>().close();
   EXPECT_THAT(shown<frmLinks>(), HasSubstr("lstLinks=Link from Router 0")) << "made anew";
   form<frmDevice>().close();
