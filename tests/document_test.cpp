@@ -211,7 +211,9 @@ int fromEnvironment(const char *name, int standard) {
 TEST(Document, DoesWhatTheNaiveOneDoes) {
   const int count = fromEnvironment("VNB_STEPS", 4000);
   std::mt19937 random(static_cast<unsigned>(fromEnvironment("VNB_SEED", 1)));
-  const auto below = [&](std::int32_t end) { return static_cast<std::int32_t>(random() % end); };
+  const auto below = [&](std::int32_t end) {
+    return static_cast<std::int32_t>(random() % static_cast<unsigned>(end));
+  };
   const Boxes boxes;
   DocumentOperations operations;
   NaiveDocument naive;

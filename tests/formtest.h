@@ -41,9 +41,9 @@ Control &controlOf(QWidget &form, const std::string &name) {
 inline void use(QWidget &form, const std::string &act) {
   auto &control = controlOf(form, act.substr(0, act.find('=')));
   const QString value = QString::fromStdString(act).section(u'=', 1);
-  if (auto *box = dynamic_cast<TextBox *>(&control)) {
-    box->selectAll();
-    box->insert(value);
+  if (auto *textBox = dynamic_cast<TextBox *>(&control)) {
+    textBox->selectAll();
+    textBox->insert(value);
   } else if (auto *combo = dynamic_cast<QComboBox *>(&control)) {
     pick(*combo, combo->findText(value));
   } else if (auto *list = dynamic_cast<NumberList *>(&control)) {
@@ -70,8 +70,8 @@ inline std::string shown(const QWidget &form) {
     const QString name = child->objectName();
     if (name.isEmpty() || name.startsWith(u"qt_") || !child->isVisibleTo(&form))
       continue;
-    if (const auto *box = dynamic_cast<const TextBox *>(child))
-      out << name + u'=' + box->text();
+    if (const auto *textBox = dynamic_cast<const TextBox *>(child))
+      out << name + u'=' + textBox->text();
     else if (const auto *combo = dynamic_cast<const QComboBox *>(child))
       out << name + u'=' + combo->currentText();
     else if (const auto *list = dynamic_cast<const NumberList *>(child))

@@ -265,6 +265,10 @@ TEST_F(Panels, SubnetsMoveBetweenTheListsAndAreFramed) {
   EXPECT_EQ(shown<frmSubnet>(),
             heading + "lstSubnets=Lock 3;Main server 4 lstSystems=Router 0;Terminal 2");
   EXPECT_EQ(frames(), "1 solid 2 FFFFFF #1;3 dotted 1 8000;4 solid 2 8000;");
+  use<frmSubnet>("lstSubnets=0");
+  pick(terminal);
+  use<frmSubnet>("lstSubnets=0");
+  EXPECT_EQ(frames(), "1 solid 2 FF00;2 solid 2 FFFFFF #2;") << "none of the device before";
 }
 
 TEST_F(Panels, LocksOfTheSelectedServerAreFramed) {
