@@ -7,11 +7,6 @@
 
 #include <QPlainTextEdit>
 
-#include <gmock/gmock.h>
-
-using testing::HasSubstr;
-using testing::StartsWith;
-
 namespace vnb::test {
 namespace {
 

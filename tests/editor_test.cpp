@@ -8,6 +8,7 @@
 #include "panels/frmLinks.h"
 #include "panels/frmSubnet.h"
 #include "shell/frmSettings.h"
+#include "shell/frmSplash.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -19,8 +20,6 @@
 #include <QToolTip>
 
 #include <csignal>
-
-using testing::IsEmpty;
 
 namespace vnb::test {
 namespace {
@@ -47,31 +46,27 @@ TEST_F(Editor, OpensAndSavesByteForByte) {
   fileName = folder.path("copy.txt");
   key(Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(Folder::bytes(fileName), Folder::bytes(sample("company.txt")));
-  ASSERT_EQ(dialogs.size(), 2U);
-  const FileDialog open = dialogs[0];
-  const FileDialog save = dialogs[1];
-  EXPECT_EQ(open.title + save.title, u"Open LANSave LAN");
-  EXPECT_EQ(open.filter, u"LAN Definition files|*.txt|All files (*.*)|*.*");
-  EXPECT_EQ(open.fileName, u"");
-  EXPECT_EQ(open.owner, &main);
-  EXPECT_FALSE(open.askBeforeOverwriting);
-  EXPECT_EQ(save.kind, FileDialog::Kind::Save);
-  EXPECT_EQ(save.fileName, sample("company.txt"));
-  EXPECT_TRUE(save.askBeforeOverwriting);
+  std::string asked;
+  for (const FileDialog &dialog : dialogs)
+    asked += (dialog.title + u'|' + dialog.fileName.section(u'/', -1) + u'|' + dialog.filter)
+                 .toStdString() +
+             (dialog.kind == FileDialog::Kind::Save ? " save" : " open") +
+             (dialog.askBeforeOverwriting ? " asks;" : ";");
+  EXPECT_EQ(asked, "Open LAN||LAN Definition files|*.txt|All files (*.*)|*.* open;Save LAN|company."
+                   "txt|LAN Definition files|*.txt|All files (*.*)|*.* save asks;");
+  EXPECT_EQ(dialogs[0].owner, &main);
   EXPECT_EQ(Cdlg.FileTitle, u"copy.txt");
   fileName = QString();
   main.picLoad_Click();
   main.picSave_Click();
   EXPECT_EQ(UBound(Systems), 41) << "cancelled";
   main.picNew_Click();
-  EXPECT_EQ(Cdlg.FileName, folder.path("copy.txt")) << "New keeps the name";
   EXPECT_THAT(boxes.texts, IsEmpty());
   fileName = folder.path("none/copy.txt");
   const Boxes faults(yes(3));
   main.picSave_Click();
   EXPECT_EQ(faults.texts[0], "76 frmMain.SaveLAN");
-  EXPECT_EQ(Cdlg.FileName, folder.path("copy.txt")) << "a save that fails keeps it, too";
-  this->open(QStringLiteral(""));
+  EXPECT_EQ(Cdlg.FileName, folder.path("copy.txt")) << "New and a save that fails keep the name";
 }
 
 TEST_F(Editor, KeysActOnReleaseWhereTheyWerePressed) {
@@ -126,88 +121,61 @@ TEST_F(Editor, ButtonsShowTheirStateAndRunOnlyInside) {
   EXPECT_EQ(dialogs.size(), 1U);
 }
 
-TEST(Dialogs, FiltersAreConverted) {
-  EXPECT_EQ(toQtFilter(QStringLiteral("LAN Definition files|*.txt|All files (*.*)|*.*")),
-            u"LAN Definition files (*.txt);;All files (*.*) (*)");
-  EXPECT_EQ(toQtFilter({}), u"");
-}
-
 TEST_F(Editor, AFileFillsTheLanInformation) {
   const auto shown = [&](const std::vector<QByteArray> &header, int faults) {
     const Boxes answered(yes(faults));
     open(store.file(crlf(header) + crlf({"0 ROUTER 0 0", "."})));
     EXPECT_THAT(answered.texts, testing::SizeIs(faults));
-    std::string all;
-    for (const char *name : {"txtName", "txtCompany", "txtIP", "txtX", "txtY"})
-      all += main.forms()
-                 .get<frmLanInfo>()
-                 .findChild<QLineEdit *>(QString::fromLatin1(name))
-                 ->text()
-                 .toStdString() +
-             '|';
-    return all;
+    return test::shown(main.forms().get<frmLanInfo>());
   };
   main.forms().get<frmLanInfo>();
-  EXPECT_EQ(shown({"NAME N", "COMPANY C", "IP 1", "XPOS 12345", "YPOS -7"}, 0), "N|C|1|12345|-7|")
+  EXPECT_EQ(shown({"NAME N", "COMPANY C", "IP 1", "XPOS 12345", "YPOS -7"}, 0),
+            "txtName=N txtCompany=C txtIP=1 txtX=12345 txtY=-7")
       << "longer than what can be typed";
   EXPECT_EQ(LanHeader.XPOS, 12345) << "a filled box isn't an edited one";
-  EXPECT_EQ(shown({"NAME M", "COMPANY D", "IP 2", "XPOS east", "YPOS 9"}, 1), "M|D|2|0|9|")
+  EXPECT_EQ(shown({"NAME M", "COMPANY D", "IP 2", "XPOS east", "YPOS 9"}, 1),
+            "txtName=M txtCompany=D txtIP=2 txtX=0 txtY=9")
       << "not what the file before had";
 }
 
-TEST_F(Editor, NoFileLeavesTheWindowUnusable) {
-  const QDir corpus(QStringLiteral(VNB_CORPUS "/lanfile"));
-  for (const QString &name : corpus.entryList(QDir::Files)) {
-    const Boxes answered(yes(5));
-    open(corpus.filePath(name));
-    EXPECT_LT(answered.texts.size(), 20U) << name.toStdString() << ": a few Noes end it";
-    EXPECT_FALSE(LoadingFile);
-    const std::int32_t count = UBound(Systems);
-    add(2, 10, 10);
-    main.selection().SelectItem(UBound(Systems), SelectedColor, false);
-    EXPECT_EQ(UBound(Systems), count + 1) << name.toStdString();
-    EXPECT_EQ(surface().picSystem.UBound(), count + 1) << name.toStdString();
-  }
-}
-
 TEST_F(Editor, SettingsRedrawTheGridOnEveryWayOut) {
-  const auto gridAt = [this](int x) {
-    return surface().grab(QRect(x, 5, 1, 1)).toImage().pixelColor(0, 0) == toQColor(GridColor);
+  const auto grid = [this] {
+    const QImage shown = surface().grab(QRect(0, 5, 101, 1)).toImage();
+    std::string at;
+    for (const int x : {60, 100})
+      at += shown.pixelColor(x, 0) == toQColor(GridColor) ? std::to_string(x) + " " : "";
+    return at;
   };
-  const auto settings = [this](const std::function<void(frmSettings &)> &act) {
-    QTimer::singleShot(0, &main, [this, act] { act(main.forms().get<frmSettings>()); });
+  const auto settings = [this](const Words &acts) {
+    QTimer::singleShot(0, &main, [this, acts] {
+      for (const std::string &act : acts)
+        test::use(main.forms().get<frmSettings>(), act);
+      main.forms().get<frmSettings>().close();
+    });
     main.picSettings_Click();
-  };
-  const auto press = [](frmSettings &form, const char *name) {
-    form.findChild<QAbstractButton *>(QString::fromLatin1(name))->click();
   };
   GridColor = 0x404040;
   GridRes = 20;
   ShowGrid = true;
   BackgroundColor = 0;
   link(router, terminal);
-  settings([&](frmSettings &form) { press(form, "cmdCancel"); });
-  EXPECT_TRUE(gridAt(60));
+  settings({"cmdCancel"});
+  EXPECT_EQ(grid(), "60 100 ");
   GridRes = 50;
-  EXPECT_TRUE(gridAt(60)) << "what is drawn stays";
-  settings([&](frmSettings &form) { form.close(); });
-  EXPECT_FALSE(gridAt(60));
-  EXPECT_TRUE(gridAt(100));
+  EXPECT_EQ(grid(), "60 100 ") << "what is drawn stays";
+  settings({});
+  EXPECT_EQ(grid(), "100 ");
   LinkColor = 0x00FF00;
-  settings([&](frmSettings &form) {
-    press(form, "chkGrid");
-    press(form, "cmdOK");
-  });
-  EXPECT_FALSE(gridAt(100)) << "switched off";
-  for (const Line &line : surface().lneLink)
+  settings({"chkGrid", "cmdOK"});
+  EXPECT_EQ(grid(), "");
+  for (const Line &line : {surface().lneLink(0), surface().lneLink(1), surface().lneXOR})
     EXPECT_EQ(line.BorderColor, 0x00FF00);
-  EXPECT_EQ(surface().lneXOR.BorderColor, 0x00FF00);
 }
 
 TEST_F(Editor, AThemeRestylesEverythingThatStands) {
   const auto foreground = [](QWidget &form, const char *name) {
-    const auto *control = form.findChild<QWidget *>(QString::fromLatin1(name));
-    return control->palette().color(control->foregroundRole()).name().toStdString();
+    const QWidget &control = controlOf(form, name);
+    return control.palette().color(control.foregroundRole()).name().toStdString();
   };
   link(router, hub);
   link(router, hub);
@@ -220,17 +188,14 @@ TEST_F(Editor, AThemeRestylesEverythingThatStands) {
   QImage picture(20, 10, QImage::Format_RGB32);
   picture.fill(Qt::cyan);
   EXPECT_TRUE(picture.save(store.path("router.png")));
-
-  LoadTheme(store.file("<THEME><COLORS><COLOR for='background' color='#102030'/>"
-                       "<COLOR for='text' color='#FFEEDD'/><COLOR for='redtext' color='#FF4433'/>"
-                       "<COLOR for='separator' color='#112211'/><COLOR for='link' color='#00FF00'/>"
-                       "<COLOR for='secure1' color='#004040'/></COLORS><BUTTONS/>"
-                       "<DEVICES><DEVICE name='router' image='router.png'/></DEVICES></THEME>"),
+  LoadTheme(store.file("<T><COLORS><C for='background' color='#102030'/><C for='text' "
+                       "color='#FFEEDD'/><C for='redtext' color='#FF4433'/><C for='separator' "
+                       "color='#556677'/><C for='link' "
+                       "color='#00FF00'/><C for='secure1' color='#004040'/></COLORS><BUTTONS/>"
+                       "<DEVICES><D name='router' image='router.png'/></DEVICES></T>"),
             main.view());
-
-  for (const Line &line : surface().lneLink)
+  for (const Line &line : {surface().lneLink(1), surface().lneLink(2), surface().lneXOR})
     EXPECT_EQ(line.BorderColor, 0x00FF00);
-  EXPECT_EQ(surface().lneXOR.BorderColor, 0x00FF00);
   EXPECT_EQ(surface().spriteRect(router).Width, 20);
   EXPECT_EQ(surface().grab().toImage().pixelColor(5, 5), QColor(Qt::cyan));
   EXPECT_EQ(surface().lneLink(1).X1, end) << "until the router is moved";
@@ -240,28 +205,81 @@ TEST_F(Editor, AThemeRestylesEverythingThatStands) {
     EXPECT_EQ(shown.pixelColor(x, 5), QColor(0x10, 0x20, 0x30)) << "the grid is wiped";
   EXPECT_EQ(foreground(main, "lblStatus"), "#ffeedd");
   EXPECT_EQ(main.palette().color(QPalette::Window).name(), u"#102030");
-  EXPECT_EQ(foreground(main.forms().get<frmDevice>(), "lblNoDevice"), "#ff4433");
+  for (const QScrollBar *bar : {&child<QScrollBar>("hsbScroll"), &child<QScrollBar>("vsbScroll")})
+    EXPECT_EQ(bar->palette().color(QPalette::Button), main.palette().color(QPalette::Window));
+  const QImage toolbar = child("picToolbar").grab().toImage();
+  std::string separators;
+  for (int x = 270; x < toolbar.width(); ++x)
+    if (toolbar.pixelColor(x, 2) == toQColor(SeparatorColor))
+      separators += std::to_string(x) + " ";
+  EXPECT_EQ(separators, "289 290 ");
+  for (const auto &[y, colour] : {std::pair(26, BackgroundColor), {27, SeparatorColor}})
+    EXPECT_EQ(toolbar.pixelColor(0, y), toQColor(colour));
+  auto &device = main.forms().get<frmDevice>();
+  EXPECT_EQ(foreground(device, "lblNoDevice"), "#ff4433");
   EXPECT_EQ(foreground(main.forms().get<frmSubnet>(), "lblNoDevice"), "#ff4433");
   EXPECT_EQ(foreground(main.forms().get<frmLinks>(), "lblNoDevice"), "#ffeedd");
-  for (QWidget *form : std::initializer_list<QWidget *>{&main.forms().get<frmDevice>(),
-                                                        &main.forms().get<frmLinks>()}) {
-    const QPalette colours = form->findChild<QWidget *>(QStringLiteral("optSecur0"))->palette();
+  for (QWidget *form : std::initializer_list<QWidget *>{&device, &main.forms().get<frmLinks>()}) {
+    const QPalette colours = controlOf(*form, "optSecur0").palette();
     EXPECT_EQ(colours.color(QPalette::Button).name(), u"#004040");
     EXPECT_EQ(colours.color(QPalette::ButtonText).name(), u"#ffbfbf") << "the inverse";
   }
 }
 
-TEST_F(Editor, ToolTipsNameDevicesAndButtons) {
+TEST_F(Editor, ToolTipsNameDevices) {
   const auto tip = [this](QPoint at) {
     QHelpEvent event(QEvent::ToolTip, at, surface().mapToGlobal(at));
     QCoreApplication::sendEvent(&surface(), &event);
-    return QToolTip::isVisible() ? QToolTip::text().toStdString() : std::string();
+    return QToolTip::text().toStdString();
   };
-  EXPECT_EQ(tip({110, 60}), "Hub");
-  EXPECT_EQ(tip({1, 1}), "Router");
-  EXPECT_EQ(child("picSave").toolTip(), u"Save LAN (Ctrl-S)");
+  EXPECT_EQ(tip({110, 60}) + tip({1, 1}), "HubRouter");
   tip({400, 300}); // the bare surface
   EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+}
+
+/// A theme of the test's own, as no other is beside this program.
+TEST(Start, TakesWhatIsStoredAndTheEndStoresIt) {
+  const Folder folder;
+  qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path(".")));
+  const QByteArray theme = folder
+                               .file("<T><COLORS><c for='background' color='#030201'/></COLORS>"
+                                     "<BUTTONS/><DEVICES/></T>",
+                                     "theme.xml")
+                               .toUtf8();
+  const QByteArray last = sample("five-devices.txt").toUtf8();
+  const Boxes boxes;
+  for (const auto &[place, due, all] : std::vector<std::tuple<QByteArray, QPoint, bool>>{
+           {"PosX=300\nPosY=450\n", {20, 30}, true},
+           {"PosX=300\n", {20, 0}, false},
+           {"PosY=450\n", {0, 30}, false},
+           {"PosX=-9000\nPosY=90\n", {0, 0}, false}}) {
+    folder.file("[Main]\nTheme=" + theme + "\n" + place + "[Settings]\nGridRes=50\nLastFile=" +
+                    last + (all ? "\nLoadLastFile=True\n" : "\nShowGrid=False\n"),
+                "VNB.ini");
+    frmMain main;
+    main.Form_Load();
+    EXPECT_EQ(main.windowTitle(), u"Vantry Network Builder v6.2.5");
+    EXPECT_TRUE(main.isVisible());
+    EXPECT_FALSE(main.forms().get<frmSplash>().isVisible());
+    EXPECT_EQ(main.pos(), due) << place.toStdString();
+    EXPECT_EQ(UBound(Systems), all ? 4 : 0);
+    const auto pixel = [&](int x) {
+      return main.picLayout().grab({x, 90, 1, 1}).toImage().pixelColor(0, 0);
+    };
+    EXPECT_EQ(pixel(100), all ? toQColor(GridColor) : QColor(3, 2, 1));
+    EXPECT_EQ(pixel(120), QColor(3, 2, 1));
+    main.move(40, 60);
+    ShowGrid = false;
+    const QPointer<frmSplash> form = &main.forms().get<frmSplash>();
+    EXPECT_TRUE(main.close());
+    EXPECT_FALSE(main.isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(form.isNull());
+    EXPECT_THAT(Folder::bytes(folder.path("VNB.ini")).toStdString(),
+                AllOf(HasSubstr("PosX=600\nPosY=900\nTheme=" + theme.toStdString()),
+                      HasSubstr("ShowGrid=False"), HasSubstr("GridRes=50")));
+  }
+  EXPECT_THAT(boxes.texts, IsEmpty());
 }
 
 /// Whoever waits gets No or nothing, asks in vain from then on, and is done before the end.

@@ -2,11 +2,12 @@
 /// Verbs for the controls of forms.
 #pragma once
 
+#include "support.h"
 #include "widgets/formtable.h"
 #include "widgets/numberlist.h"
+#include "widgets/textbox.h"
 
-#include <gtest/gtest.h>
-
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QImage>
 #include <QLabel>
@@ -28,6 +29,62 @@ inline void pick(NumberList &list, int row) {
                     list.visualRect(list.model()->index(row, 0)).center());
 }
 
+template <class Control = QWidget>
+Control &controlOf(QWidget &form, const std::string &name) {
+  auto *found = form.findChild<QWidget *>(QString::fromStdString(name));
+  if (found == nullptr)
+    throw std::invalid_argument(name);
+  return dynamic_cast<Control &>(*found);
+}
+
+/// Does as the user: "box=text", "list=row", "dropdown=text", "button".
+inline void use(QWidget &form, const std::string &act) {
+  auto &control = controlOf(form, act.substr(0, act.find('=')));
+  const QString value = QString::fromStdString(act).section(u'=', 1);
+  if (auto *textBox = dynamic_cast<TextBox *>(&control)) {
+    textBox->selectAll();
+    textBox->insert(value);
+  } else if (auto *combo = dynamic_cast<QComboBox *>(&control)) {
+    pick(*combo, combo->findText(value));
+  } else if (auto *list = dynamic_cast<NumberList *>(&control)) {
+    pick(*list, value.toInt());
+  } else {
+    QTest::mouseClick(&control, Qt::LeftButton);
+  }
+}
+
+/// "a;>b;c" with b picked.
+inline QString rows(const NumberList &list) {
+  QStringList out;
+  for (int row = 0; const NumberRow &shown : list.rows())
+    out << (row++ == list.ListIndex() ? u">"_qs : QString()) + shown.text();
+  return out.join(u';');
+}
+
+/// What a form shows: "name=text" of boxes and lists, "name" of a button that is on, and the
+/// labels that change.
+inline std::string shown(const QWidget &form) {
+  static const QStringList labels{u"lblLinks"_qs, u"lblSubnets"_qs, u"lblNoDevice"_qs};
+  QStringList out;
+  for (const QWidget *child : form.findChildren<QWidget *>()) {
+    const QString name = child->objectName();
+    if (name.isEmpty() || name.startsWith(u"qt_") || !child->isVisibleTo(&form))
+      continue;
+    if (const auto *textBox = dynamic_cast<const TextBox *>(child))
+      out << name + u'=' + textBox->text();
+    else if (const auto *combo = dynamic_cast<const QComboBox *>(child))
+      out << name + u'=' + combo->currentText();
+    else if (const auto *list = dynamic_cast<const NumberList *>(child))
+      out << name + u'=' + rows(*list);
+    else if (const auto *label = qobject_cast<const QLabel *>(child))
+      out << (labels.contains(name) ? name + u'=' + label->text() : QString());
+    else if (const auto *button = qobject_cast<const QAbstractButton *>(child))
+      out << (button->isChecked() ? name : QString());
+  }
+  out.removeAll(QString());
+  return out.join(u' ').toStdString();
+}
+
 template <class T>
 class FormTest : public testing::Test {
 protected:
@@ -38,14 +95,11 @@ protected:
   T &form() { return forms.get<T>(); }
   bool isLoaded() { return forms.loaded<T>() != nullptr; }
   template <class Control = QWidget>
-  Control &control(const char *name) {
-    auto *found = form().template findChild<Control *>(QString::fromLatin1(name));
-    if (found == nullptr)
-      throw std::invalid_argument(name);
-    return *found;
+  Control &control(const std::string &name) {
+    return controlOf<Control>(form(), name);
   }
   std::string text(const char *label) { return control<QLabel>(label).text().toStdString(); }
-  void click(const char *name) { QTest::mouseClick(&control(name), Qt::LeftButton); }
+  void click(const std::string &name) { use(form(), name); }
   /// The colour in the middle of a control, as it is drawn.
   QColor seen(const char *name) {
     const QImage image = control(name).grab().toImage();

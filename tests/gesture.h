@@ -11,8 +11,6 @@
 #include "support.h"
 #include "widgets/dialogs.h"
 
-#include <gmock/gmock.h>
-
 #include <QComboBox>
 #include <QPointer>
 #include <QTest>

@@ -4,16 +4,8 @@
 #include "runtime/systemcalls.h"
 #include "support.h"
 
-#include <gmock/gmock.h>
-
 #include <limits>
 #include <map>
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
-using testing::StartsWith;
 
 namespace vnb::test {
 namespace {

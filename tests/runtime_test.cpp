@@ -7,17 +7,11 @@
 #include "runtime/xml.h"
 #include "support.h"
 
-#include <gmock/gmock.h>
-
 #include <cmath>
 #include <limits>
 #include <new>
 #include <random>
 #include <sys/resource.h>
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::StartsWith;
 
 namespace vnb::test {
 namespace {
@@ -108,6 +102,37 @@ TEST(CodePage, FollowsTheLocaleOfCharacters) {
               "de_DE@euro -> 1252", "el_GR.ISO-8859-7 -> 1253", "C.UTF-8 -> 1252", "POSIX -> 1252",
               " -> 1252"}))
     EXPECT_EQ(std::to_string(codePageNumber(QString::fromStdString(locale))), number) << locale;
+}
+
+/// Each row in a process of its own: the page is chosen once.
+TEST(CodePage, TakesTheFirstVariableThatSaysSomething) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  for (const auto &[all, type, lang, due] :
+       std::vector<std::tuple<const char *, const char *, const char *, int>>{
+           {"", "", "pl_PL.UTF-8", 1250},
+           {"", "ru_RU.UTF-8", "pl_PL.UTF-8", 1251},
+           {"el_GR.UTF-8", "ru_RU.UTF-8", "pl_PL.UTF-8", 1253},
+           {"", "", "", 1252}}) {
+    qputenv("LC_ALL", all);
+    qputenv("LC_CTYPE", type);
+    qputenv("LANG", lang);
+    EXPECT_EXIT(std::exit(codePage().number() - 1250), testing::ExitedWithCode(due - 1250), "");
+  }
+}
+
+TEST(ControlArray, GrowsAndShrinksAtTheTop) {
+  ControlArray<int> array(5);
+  EXPECT_EQ(array.Load(1), 5);
+  Words errors;
+  for (const std::int32_t index : {2, -1, 32768})
+    errors.push_back(raised([&] { array(index); }));
+  for (const std::int32_t index : {1, 3, 32768})
+    errors.push_back(raised([&] { array.Load(index); }));
+  for (const std::int32_t index : {2, 0})
+    errors.push_back(raised([&] { array.Unload(index); }));
+  EXPECT_THAT(errors, ElementsAre("340", "340", "6", "360", "340", "6", "340", "362"));
+  array.Unload(1);
+  EXPECT_EQ(array.UBound(), 0);
 }
 
 TEST(Report, YesGoesOnAndNoLeaves) {

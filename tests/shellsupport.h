@@ -4,6 +4,7 @@
 
 #include "appearance/theme.h"
 #include "shell/cdlgex.h"
+#include "shell/settings.h"
 #include "support.h"
 
 #include <sstream>
@@ -41,5 +42,26 @@ inline Words values() {
           hex(SubnetColor),
           hex(SubnetSelColor)};
 }
+
+/// The main window as the settings know it.
+class Window : public SettingsView {
+public:
+  void setLeft(std::int32_t lLeft) override { calls.push_back("left " + std::to_string(lLeft)); }
+  void setTop(std::int32_t lTop) override { calls.push_back("top " + std::to_string(lTop)); }
+  double Left() const override { return left; }
+  double Top() const override { return top; }
+  void LoadTheme(const QString &sFileName) override {
+    calls.push_back("theme " + sFileName.toStdString());
+    if (themeFails)
+      throw RuntimeError(Fault::FileNotFound);
+    EXPECT_EQ(GridRes, -7) << "the theme comes first";
+    for (const ColourRow &row : colourRows)
+      *row.colour = 0x123456;
+  }
+
+  Words calls;
+  double left = 0, top = 0;
+  bool themeFails = false;
+};
 
 } // namespace vnb::test

@@ -8,14 +8,10 @@
 #include <QDir>
 #include <QImage>
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <set>
-
-using testing::MatchesRegex;
 
 namespace vnb::test {
 namespace {

@@ -1,32 +1,20 @@
 // SPDX-License-Identifier: MIT
 /// What the controls of all forms have in common: keys, clicks, the wheel.
-#include "editor/frmMain.h"
 #include "formtest.h"
 #include "look.h"
-#include "panels/frmDevice.h"
-#include "panels/frmLanInfo.h"
-#include "panels/frmLinks.h"
 #include "widgets/controls.h"
-#include "widgets/dialogs.h"
 #include "widgets/dropdown.h"
 #include "widgets/numberlist.h"
 #include "widgets/optiongroup.h"
 #include "widgets/pushoption.h"
 #include "widgets/textbox.h"
 
-#include <gmock/gmock.h>
-
 #include <QCheckBox>
-#include <QMenu>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QWheelEvent>
 
 #include <algorithm>
-
-using testing::ElementsAre;
 
 namespace vnb::test {
 namespace {
@@ -174,47 +162,6 @@ TEST_F(Controls, TakeNoLetterWithAltForText) {
   for (QWidget *control : {static_cast<QWidget *>(box), static_cast<QWidget *>(drop)})
     QTest::keyClick(control, Qt::Key_C, Qt::GroupSwitchModifier); // AltGr
   EXPECT_EQ(box->text() + drop->currentText(), u"cc");
-}
-
-TEST_F(Controls, ALongMenuStaysOnTheScreen) {
-  QMenu menu;
-  for (int i = 0; i < 2000; ++i)
-    menu.addAction(QStringLiteral("Link to Hub %1").arg(i));
-  menu.popup({});
-  const QSize screen = menu.screen()->size();
-  EXPECT_EQ(menu.size(), menu.size().boundedTo(screen));
-}
-
-TEST_F(Controls, ABoxGivesTheKeysBack) {
-  FormWindow other("other", "Other", {3000, 3000});
-  other.show();
-  form.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-  QTimer::singleShot(0, [&] {
-    QWidget *box = QApplication::activeModalWidget();
-    ASSERT_NE(box, nullptr);
-    other.activateWindow(); // as a window manager may do when the box goes
-    box->close();
-  });
-  showMessageWindow({.title = QStringLiteral("t"),
-                     .text = QStringLiteral("x"),
-                     .icon = MessageBox::Icon::Question,
-                     .buttons = MessageBox::Buttons::Ok});
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
-}
-
-/// A label and the line of text in its box stand level.
-TEST(Labels, StandLevelWithTheirBoxes) {
-  frmMain main;
-  const std::vector<std::pair<QWidget *, std::vector<const char *>>> rows{
-      {&main.forms().get<frmLanInfo>(), {"lblName", "lblCompany", "lblIP", "lblX", "lblY"}},
-      {&main.forms().get<frmLinks>(), {"lblX", "lblY"}},
-      {&main.forms().get<frmDevice>(), {"lblInfo0", "lblPhone"}}};
-  for (const auto &[form, labels] : rows)
-    for (const char *name : labels) {
-      const auto *label = form->findChild<QLabel *>(QString::fromLatin1(name));
-      EXPECT_EQ(label->geometry().center().y(), label->buddy()->geometry().center().y()) << name;
-    }
 }
 
 } // namespace
