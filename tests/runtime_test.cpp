@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/codepage.h"
+#include "runtime/controlarray.h"
 #include "runtime/files.h"
 #include "runtime/numbers.h"
 #include "runtime/report.h"
