@@ -152,14 +152,17 @@ TEST_F(Panels, EachGroupShowsItsRecordAndStoresWhatIsEntered) {
     pick(hub);
     EXPECT_EQ(shown<frmDevice>(), lType == 14 ? common + " txtFreq0=101 txtFreq1=5" : now);
   }
+  main.selection().Deselect();
+  EXPECT_EQ(shown<frmDevice>(), "lblNoDevice=No Device Selected");
+  EXPECT_THAT(boxes.texts, IsEmpty());
+}
+
+TEST_F(Panels, ALevelThatThereIsNotShowsAsTheFirst) {
   for (const auto &[level, due] : {std::pair(1, '0'), {2, '1'}, {3, '2'}, {0, '0'}, {4, '0'}}) {
     Systems[router].lSecur = level;
     pick(router);
     EXPECT_EQ(shown<frmDevice>(), std::string("txtData= optSecur") + due);
   }
-  main.selection().Deselect();
-  EXPECT_EQ(shown<frmDevice>(), "lblNoDevice=No Device Selected");
-  EXPECT_THAT(boxes.texts, IsEmpty());
 }
 
 TEST_F(Panels, EachSpotIsSetAndShownAtBothEnds) {
