@@ -62,9 +62,6 @@ active() {
 is_active() { [ "$(active)" = "$(named "$1")" ]; }
 active_is() { [ "$(active)" = "$1" ]; }
 active_is_not() { ! active_is "$1" && active; }
-stands_at() { # WINDOW X Y
-  eval "$(xdotool getwindowgeometry --shell "$1")" && [ "$X" -ge "$2" ] && [ "$Y" -ge "$3" ]
-}
 gone() { ! kill -0 "$1"; } # PID
 window_count() { [ "$(visible_windows | wc -l)" -eq "$1" ]; }
 
@@ -112,11 +109,6 @@ drag() {                                              # WINDOW X Y WINDOW X Y
   point "$4" $(($5 - 3)) "$6"
   point "$4" "$5" "$6"
   xdotool mouseup 1
-}
-press() { # WINDOW X Y
-  point "$@"
-  xdotool click 1
-  until_so active_is "$1"
 }
 double_click() { # WINDOW X Y
   point "$@"
