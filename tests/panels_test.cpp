@@ -182,8 +182,9 @@ TEST_F(Panels, EachSpotIsSetAndShownAtBothEnds) {
         use<frmLinks>(row);
         use<frmLinks>(spot);
       }
-      const std::string place = (doubleText(x) + u',' + doubleText(y)).toStdString();
-      EXPECT_EQ(dumpLinks(), "0@0.5,0.5-1@" + place + "/1;1@" + place + "-2@0.5,0.5/1");
+      const QString place = doubleText(x) + u',' + doubleText(y);
+      EXPECT_EQ(dumpLinks(),
+                QStringLiteral("0@0.5,0.5-1@%1/1;1@%1-2@0.5,0.5/1").arg(place).toStdString());
       const Line &to = surface().lneLink(1), &from = surface().lneLink(2);
       EXPECT_EQ(QPointF(to.X2, to.Y2), QPointF(100 + 48 * x, 50 + 20 * y));
       EXPECT_EQ(QPointF(from.X1, from.Y1), QPointF(to.X2, to.Y2));

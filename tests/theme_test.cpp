@@ -89,10 +89,10 @@ TEST_F(ThemeLoader, EveryKeyHasItsPlace) {
            {"new -> NEW", "open -> LOAD", "save -> SAVE", "add -> ADD", "info -> INFO",
             "link -> LINK", "device -> DEVICE", "Subnet -> SUBNET", "settings -> SETTINGS",
             "themes -> THEMES", "aboUt -> ABOUT", "addsubnet -> ADDSUB", "delsubnet -> DELSUB"})) {
-    buttons = QByteArray::fromStdString("<b down='3" + key + "' for='" + key + "' off='1" + key +
-                                        "' over='2" + key + "'/>") +
-              buttons;
-    due.push_back(tag + " ~/1" + key + "|~/2" + key + "|~/3" + key);
+    const QByteArray name = QByteArray::fromStdString(key);
+    buttons = "<b down='3" + name + "' for='" + name + "' off='1" + name + "' over='2" + name +
+              "'/>" + buttons;
+    due.push_back(tag + (" ~/1" + name + "|~/2" + name + "|~/3" + name).toStdString());
   }
   due.emplace_back("devices, hub 2x1");
   int width = 0;
