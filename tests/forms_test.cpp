@@ -91,7 +91,7 @@ TEST_F(Forms, SayThis) {
                     "(Frequency, digits behind the point)|No Device Selected"},
       {"frmLanInfo", "LAN Info|Worldmap location:|LAN Name: |Unnamed Network(LAN Name)|Company:|"
                      "Unknown Company(Company)|IP Address:|123.123.123.123(IP Address)|"
-                     "X:|0(X)|Y:|0(Y)"},
+                     "X:|0(X on the world map)|Y:|0(Y on the world map)"},
       {"frmLinks", "Links|Links for #####:|(Links)|Remove link|Security level:|1(Security level 1)|"
                    "2(Security level 2)|3(Security level 3)| Link position: |(Link position 0, 0)|"
                    "(Link position 0.25, 0)|(Link position 0.5, 0)|(Link position 0.75, 0)|"
@@ -99,7 +99,8 @@ TEST_F(Forms, SayThis) {
                    "(Link position 0, 0.5)|(Link position 0.5, 0.5)|(Link position 1, 0.5)|"
                    "(Link position 0, 0.75)|(Link position 1, 0.75)|(Link position 0, 1)|"
                    "(Link position 0.25, 1)|(Link position 0.5, 1)|(Link position 0.75, 1)|"
-                   "(Link position 1, 1)|Other:|X:|0.5(X)|Y:|0.5(Y)|No Device Selected"},
+                   "(Link position 1, 1)|Other:|X:|0.5(X of the link's end)|Y:|0.5(Y of the link's "
+                   "end)|No Device Selected"},
       {"frmSettings", "Settings|Draw Grid|Grid resolution (px):|20(Grid resolution (px))|"
                       "Auto-load last file|OK|Cancel|Grid:|(Grid)|Selected item:|(Selected item)|"
                       "Lock:|(Lock)|Subnet:|(Subnet)|Selected subnet:|(Selected subnet)|Link:|"

@@ -364,9 +364,10 @@ TEST_F(Gesture, TheLinksOfTheMenuAreWalkedAndPickedAsInAnyMenu) {
   };
   for (const auto &[keys, due] :
        std::vector<Case>{{{Qt::Key_Down, Qt::Key_Return}, 5},
-                         {{Qt::Key_Down, Qt::Key_Down, Qt::Key_Space}, 6},
+                         {{Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}, 6},
+                         {{Qt::Key_Backtab, Qt::Key_Space, Qt::Key_Enter}, 7},
                          {{Qt::Key_Down, Qt::Key_Up, Qt::Key_Enter}, 7},
-                         {{Qt::Key_Up, Qt::Key_Up, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, 6},
+                         {{Qt::Key_Up, Qt::Key_Up, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, 5},
                          {{Qt::Key_Return, Qt::Key_Down, Qt::Key_Escape}, nothing}}) {
     menu.setRows(menu.rows()); // as at each opening
     menu.popup({});
