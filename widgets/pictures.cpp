@@ -89,10 +89,10 @@ QPixmap PictureFiles::read(const QString &path) {
     if (!isKnown(reader.format()))
       throw RuntimeError(Fault::InvalidPicture);
     const QSize size = reader.size();
+    const int most = side * chosen.scale;
     // Before reading, as a small file can claim a size for which there is no memory.
-    if (std::max(size.width(), size.height()) > side * chosen.scale)
-      throw tooLarge(QStringLiteral("The picture is larger than %1 by %1 pixels."),
-                     side * chosen.scale);
+    if (std::max(size.width(), size.height()) > most)
+      throw tooLarge(QStringLiteral("The picture is larger than %1 by %1 pixels."), most);
     const double area = double(size.width()) * size.height() / (chosen.scale * chosen.scale);
     if (m_sum + area > double(sum))
       throw tooLarge(QStringLiteral("All pictures together have more than %1 pixels."), sum);
