@@ -157,7 +157,7 @@ protected:
   /// Saves it over another file with each.
   void save(bool Faults::*kind, int least);
 
-  const Folder folder;
+  Folder folder;
   DocumentOperations operations;
   ReaderView view;
 };
