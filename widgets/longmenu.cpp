@@ -18,8 +18,15 @@
 namespace vnb {
 namespace {
 
+void closeMenus() {
+  while (QWidget *popup = QApplication::activePopupWidget())
+    popup->close();
+}
+
+} // namespace
+
 /// Draws rows as the style draws the entries of `menu`.
-class EntryDelegate : public QStyledItemDelegate {
+class LongMenu::EntryDelegate : public QStyledItemDelegate {
 public:
   EntryDelegate(const QMenu &menu, QObject *parent) : QStyledItemDelegate(parent), m_menu(menu) {}
 
@@ -54,13 +61,6 @@ private:
 
   const QMenu &m_menu;
 };
-
-void closeMenus() {
-  while (QWidget *popup = QApplication::activePopupWidget())
-    popup->close();
-}
-
-} // namespace
 
 /// The picked row is the highlighted entry, which follows the pointer.
 class LongMenu::Entries : public NumberList {

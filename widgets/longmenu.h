@@ -29,6 +29,7 @@ protected:
 
 private:
   class Entries;
+  class EntryDelegate;
 
   Entries *m_entries;
   QAction *m_holder;
