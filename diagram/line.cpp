@@ -104,32 +104,13 @@ std::optional<QLineF> Line::clipped(const QRect &area) const {
   return isNear(line) ? line : cutTo(line, {QPoint(-end, -end), QPoint(end, end)});
 }
 
-ScreenPixels::ScreenPixels(const QPainter &painter)
-    : m_scale(painter.deviceTransform().m11()),
-      m_origin(painter.deviceTransform().dx(), painter.deviceTransform().dy()) {}
-
-ScreenPixels::Range ScreenPixels::range(double start, int thickness, double origin) const {
-  const double first = std::floor(start * m_scale + origin + .5);
-  return {(first - origin) / m_scale, std::max(1., std::floor(thickness * m_scale)) / m_scale};
-}
-
-QRectF ScreenPixels::level(double left, double right, double top, int thickness) const {
-  const auto [start, length] = range(top, thickness, m_origin.y());
-  return {left, start, right - left, length};
-}
-
-QRectF ScreenPixels::upright(double top, double bottom, double left, int thickness) const {
-  const auto [start, length] = range(left, thickness, m_origin.x());
-  return {start, top, length, bottom - top};
-}
-
-std::optional<QRectF> ScreenPixels::of(const QLineF &line) const {
+std::optional<QRectF> sharpArea(const QLineF &line, const ScreenPixels &pixels) {
   const auto [left, right] = std::minmax({line.x1(), line.x2()});
   const auto [top, bottom] = std::minmax({line.y1(), line.y2()});
   if (top == bottom)
-    return level(left, right, top - lineWidth / 2., lineWidth);
+    return pixels.level(left, right, top - lineWidth / 2., lineWidth);
   if (left == right)
-    return upright(top, bottom, left - lineWidth / 2., lineWidth);
+    return pixels.upright(top, bottom, left - lineWidth / 2., lineWidth);
   return std::nullopt;
 }
 

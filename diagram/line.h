@@ -3,9 +3,9 @@
 #pragma once
 
 #include "appearance/globals.h"
+#include "widgets/screenpixels.h"
 
 #include <QLineF>
-#include <QPainter>
 #include <QRegion>
 
 #include <optional>
@@ -37,29 +37,8 @@ struct Line {
 
 inline constexpr int lineWidth = 2;
 
-/// Rows and columns of screen pixels. What is as thin as a line looks blurred, or now thin and now
-/// thick, where the screen's scale puts its edges between two of them.
-class ScreenPixels {
-public:
-  explicit ScreenPixels(const QPainter &painter);
-
-  /// What a level or upright line, or the given band of the surface, fills: whole pixels, as many
-  /// across its way wherever it lies. Lengths are pixels of the surface.
-  QRectF level(double left, double right, double top, int thickness) const;
-  QRectF upright(double top, double bottom, double left, int thickness) const;
-  /// The same for a line, nothing if it is neither.
-  std::optional<QRectF> of(const QLineF &line) const;
-
-private:
-  /// A range on one axis.
-  struct Range {
-    double start, length;
-  };
-  Range range(double start, int thickness, double origin) const;
-
-  double m_scale;
-  QPointF m_origin; // of the surface, in pixels of the screen
-};
+/// The whole pixels that a level or upright line fills, nothing if it is neither.
+std::optional<QRectF> sharpArea(const QLineF &line, const ScreenPixels &pixels);
 
 /// `value` in single precision. Raises 6 if it is too large.
 float toSingle(double value);

@@ -66,7 +66,7 @@ void paintAll(QPainter &painter, const std::vector<ColouredLine> &lines, Stroke 
   std::vector<QLineF> run;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const QColor colour = toQColor(lines[i].colour);
-    if (const auto sharp = pixels.of(lines[i].line))
+    if (const auto sharp = sharpArea(lines[i].line, pixels))
       painter.fillRect(*sharp, colour);
     else
       run.push_back(lines[i].line);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/style.h"
 
+#include "widgets/screenpixels.h"
+
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QPainter>
@@ -301,20 +303,15 @@ QColor shade(const QColor &ground, const QColor &text, double least) {
 }
 
 void paintFrame(QPainter &painter, const QRect &rect, const QColor &colour, int width) {
-  const QTransform toScreen = painter.deviceTransform();
-  const double scale = toScreen.m11();
-  const auto edge = [scale](int at, double origin) {
-    return (std::floor(at * scale + origin + .5) - origin) / scale;
-  };
-  const double thick = std::max(1., std::floor(width * scale)) / scale;
-  const double left = edge(rect.left(), toScreen.dx());
-  const double right = edge(rect.right() + 1, toScreen.dx());
-  const double top = edge(rect.top(), toScreen.dy());
-  const double bottom = edge(rect.bottom() + 1, toScreen.dy());
-  painter.fillRect(QRectF(left, top, right - left, thick), colour);
-  painter.fillRect(QRectF(left, bottom - thick, right - left, thick), colour);
-  painter.fillRect(QRectF(left, top, thick, bottom - top), colour);
-  painter.fillRect(QRectF(right - thick, top, thick, bottom - top), colour);
+  const ScreenPixels pixels(painter);
+  const QRectF outer = pixels.snapped(rect);
+  const double thick = pixels.thickness(width);
+  const QSizeF across(outer.width(), thick);
+  const QSizeF down(thick, outer.height());
+  painter.fillRect({outer.topLeft(), across}, colour);
+  painter.fillRect({outer.bottomLeft() - QPointF(0, thick), across}, colour);
+  painter.fillRect({outer.topLeft(), down}, colour);
+  painter.fillRect({outer.topRight() - QPointF(thick, 0), down}, colour);
 }
 
 void paintFocus(QPainter &painter, const QRect &rect, const QColor &ground, const QColor &text) {
