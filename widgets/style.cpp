@@ -18,7 +18,7 @@ namespace {
 
 constexpr double lineContrast = 3;     // the least at which a line can be told from its ground
 constexpr double borderContrast = 4.5; // as thin letters need it
-constexpr double hoverContrast = 1.5;  // enough for an area, and texts stay readable on it
+constexpr double hoverContrast = 1.5;  // enough for an area
 
 /// From 0 for black to 1 for white, as bright as the eye takes the colour.
 double luminance(const QColor &colour) {
@@ -59,8 +59,13 @@ struct Shades {
     if (state.testFlag(QStyle::State_Sunken))
       return ink;
     const bool hovered = state.testFlag(QStyle::State_MouseOver);
-    return hovered && state.testFlag(QStyle::State_Enabled) ? shade(ground, text, hoverContrast)
-                                                            : ground;
+    return hovered && state.testFlag(QStyle::State_Enabled) ? hover() : ground;
+  }
+  /// Away from the text, which then reads better; towards it only where there is no such way.
+  QColor hover() const {
+    const QColor away =
+        contrast(text, Qt::black) > contrast(text, Qt::white) ? Qt::black : Qt::white;
+    return shade(ground, contrast(ground, away) >= hoverContrast ? away : text, hoverContrast);
   }
   QColor onFace(QStyle::State state) const {
     return state.testFlag(QStyle::State_Sunken) ? ground : ink;
