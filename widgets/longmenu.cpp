@@ -94,11 +94,13 @@ public:
   QSize minimumSizeHint() const override { return sizeHint(); }
 
   /// A key that the menu has got: windows of menus have no focus to give.
-  void press(QKeyEvent *event) { keyPressEvent(event); }
+  using NumberList::keyPressEvent;
 
   /// Goes to the next row or the one before, round and round, as in any menu.
   void step(int by) {
     const int count = static_cast<int>(rows().size());
+    if (count == 0)
+      return;
     const int from = ListIndex() < 0 && by < 0 ? 0 : ListIndex();
     setListIndex((from + by + count) % count);
   }
@@ -172,11 +174,11 @@ void LongMenu::keyPressEvent(QKeyEvent *event) {
   case Qt::Key_End:
   case Qt::Key_PageUp:
   case Qt::Key_PageDown:
-    m_entries->press(event);
+    m_entries->keyPressEvent(event);
     break;
   default:
     if (plain && !text.isEmpty() && text.front().isLetterOrNumber())
-      m_entries->press(event); // searches
+      m_entries->keyPressEvent(event); // searches
     else
       QMenu::keyPressEvent(event);
   }

@@ -245,7 +245,7 @@ public:
     case SH_ComboBox_Popup:
       return 0; // a list below the box, in the colours of lists, instead of a menu over it
     case SH_Menu_Scrollable:
-      return 1; // a menu of thousands of entries stays on the screen
+      return 1; // a menu stays on a screen that is lower than it
     default:
       return QProxyStyle::styleHint(hint, option, widget, data);
     }
