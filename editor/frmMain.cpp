@@ -27,6 +27,12 @@ namespace {
 constexpr QSize designSize(538, 467);
 constexpr int leastSurface = 100; // pixels to be seen at least
 
+/// The lock boxes list the locks of now. A panel that isn't there fills its own when it is made.
+void fillLockBoxes(FormTable &forms) {
+  if (auto *panel = forms.loaded<frmDevice>())
+    panel->PopulateLockBoxes();
+}
+
 void DoEvents() {
   QCoreApplication::processEvents();
 }
@@ -47,7 +53,7 @@ public:
   explicit EditorReaderView(FormTable &forms) : m_forms(forms) {}
 
   void headerRead(HeaderField field) override { m_forms.get<frmLanInfo>().showField(field); }
-  void populateLockBoxes() override { m_forms.get<frmDevice>().PopulateLockBoxes(); }
+  void populateLockBoxes() override { fillLockBoxes(m_forms); }
 
   /// Events need a turn from time to time, not at each of a hundred thousand lines.
   void yield() override {
@@ -127,11 +133,7 @@ void frmMain::Form_Load() {
           openFile(Cdlg.FileName, true);
         DoEvents();
       },
-      [this] { m_place.show(); }, [&] { splash.hide(); },
-      [this] {
-        if (m_forms.loaded<frmDevice>() != nullptr) // else it fills them when it is made
-          PopulateLockBoxes();
-      });
+      [this] { m_place.show(); }, [&] { splash.hide(); }, [this] { PopulateLockBoxes(); });
 }
 
 void frmMain::closeEvent(QCloseEvent *event) {
@@ -318,8 +320,7 @@ void frmMain::lanCleared() {
     if (auto *panel = dynamic_cast<DevicePanel *>(&form))
       panel->showNoDevice();
   });
-  if (auto *panel = m_forms.loaded<frmDevice>())
-    panel->PopulateLockBoxes(); // a new LAN has none of the locks listed
+  PopulateLockBoxes(); // a new LAN has none of the locks listed
 }
 
 void frmMain::systemRemoved(std::int32_t lIndex) {
@@ -330,7 +331,7 @@ void frmMain::systemRemoved(std::int32_t lIndex) {
 }
 
 void frmMain::PopulateLockBoxes() {
-  m_forms.get<frmDevice>().PopulateLockBoxes();
+  fillLockBoxes(m_forms);
 }
 
 void frmMain::loadButtonImages(const QString &tag, const QString &files) {
