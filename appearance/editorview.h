@@ -21,8 +21,8 @@ public:
   virtual void linkColorChanged() {}
   /// The colours are new: every form takes them, whether it shows or not.
   virtual void UpdateColors() {}
-  /// Gives the button of this Tag its pictures; `files` as LoadButtonImages takes them. Raises what
-  /// that raises.
+  /// ButtonImages gets those of this Tag; `files` as LoadButtonImages takes them. Raises what that
+  /// raises. Shown by buttonImagesChanged.
   virtual void loadButtonImages(const QString & /*tag*/, const QString & /*files*/) {}
   /// ButtonImages is new: every button shows its own.
   virtual void buttonImagesChanged() {}

@@ -153,10 +153,15 @@ private:
   QStringList m_missing;
 };
 
-void loadImages(const QStringList &buttonFiles, const QStringList &deviceFiles, EditorView &view) {
+/// Shows those up to a fault, too.
+void loadButtons(const QStringList &files, EditorView &view) {
+  const auto show = qScopeGuard([&view] { view.buttonImagesChanged(); });
   for (std::size_t i = 0; i < buttonKeys.size(); ++i)
-    view.loadButtonImages(QString::fromLatin1(buttonKeys[i].tag),
-                          buttonFiles[static_cast<qsizetype>(i)]);
+    view.loadButtonImages(QString::fromLatin1(buttonKeys[i].tag), files[static_cast<qsizetype>(i)]);
+}
+
+void loadImages(const QStringList &buttonFiles, const QStringList &deviceFiles, EditorView &view) {
+  loadButtons(buttonFiles, view);
   LoadDeviceImages(deviceFiles.join(u'|'));
   view.deviceImagesChanged();
 }

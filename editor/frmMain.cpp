@@ -336,7 +336,6 @@ void frmMain::PopulateLockBoxes() {
 
 void frmMain::loadButtonImages(const QString &tag, const QString &files) {
   LoadButtonImages(ButtonImages(tag), tag, files);
-  buttonImagesChanged();
 }
 
 void frmMain::buttonImagesChanged() {
