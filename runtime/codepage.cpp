@@ -99,7 +99,10 @@ QString CodePage::holdable(const QString &text) const {
   QString spelledText;
   spelledText.reserve(text.size());
   for (const QChar character : text)
-    spelledText += has(character) ? QString(character) : spelled(character);
+    if (has(character))
+      spelledText += character;
+    else
+      spelledText += spelled(character);
   const QByteArray bytes = encode(spelledText);
   return decode({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
