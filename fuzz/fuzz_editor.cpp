@@ -106,8 +106,7 @@ public:
   void start(const std::string &file) {
     showMessageBox = [](const MessageBox &) { return Answer::No; };
     m_main.forms().unload();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::removePostedEvents(nullptr); // no event loop takes them
+    clearEvents();
     m_main.picNew_Click();
     if (m_theme != "default")
       loadTheme("default");
@@ -131,6 +130,7 @@ public:
         &Editor::useControl,  &Editor::useControl, &Editor::switchTheme,
     };
     (this->*steps[static_cast<std::size_t>(choices.below(steps.size()))])(choices);
+    clearEvents();
     check();
   }
 
@@ -299,6 +299,12 @@ private:
   }
 
   // How it is done.
+
+  /// No event loop takes what waits, and each object that goes looks all of it through.
+  static void clearEvents() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::removePostedEvents(nullptr);
+  }
 
   static void pick(QComboBox &box, Choices &choices) {
     if (box.count() == 0)
