@@ -156,6 +156,11 @@ TEST_P(States, CanBeSeen) {
   list->setListIndex(-1);
   expect(*list, "current", 3, change(none, shot(*list)));
   expect(*list, "picked", 3, change(shot(*list), picked));
+  box->setFocus();
+  box->setCursorPosition(0);
+  const QImage before = shot(*box);
+  box->setCursorPosition(6);
+  expect(*box, "caret", 3, change(before, shot(*box)));
   const QImage groove = shot(*bar).copy(0, 100, 16, 20);
   expect(*bar, "thumb", 3, change(groove, shot(*bar).copy(0, 25, 16, 20)));
   for (const int y : {25, 144}) // its thumb, its arrow
@@ -165,7 +170,7 @@ TEST_P(States, CanBeSeen) {
 
 INSTANTIATE_TEST_SUITE_P(Of, States,
                          testing::Values("default", "light", "contrast", "#3060C0 #FFFFFF",
-                                         "#000000 #000000"));
+                                         "#808080 #000000", "#000000 #000000"));
 
 } // namespace
 } // namespace vnb::test

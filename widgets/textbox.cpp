@@ -2,10 +2,13 @@
 #include "widgets/textbox.h"
 
 #include "runtime/codepage.h"
+#include "widgets/screenpixels.h"
+#include "widgets/style.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QValidator>
 
 #include <algorithm>
@@ -52,6 +55,8 @@ TextBox::TextBox(QWidget *parent, int limit) : QLineEdit(parent), m_limit(limit)
   setValidator(new Entry(*this));
   connect(this, &QLineEdit::textChanged, this, &TextBox::noteState);
   connect(this, &QLineEdit::selectionChanged, this, &TextBox::noteState);
+  connect(this, &QLineEdit::textChanged, this, &TextBox::lightCaret);
+  connect(this, &QLineEdit::cursorPositionChanged, this, &TextBox::lightCaret);
 }
 
 void TextBox::setContent(const QString &text) {
@@ -97,6 +102,41 @@ void TextBox::cutToLimit(QString &text, int &cursor) const {
   const qsizetype from = std::max<qsizetype>(0, cursor - excess);
   text.remove(from, excess);
   cursor = static_cast<int>(from);
+}
+
+void TextBox::paintEvent(QPaintEvent *event) {
+  QLineEdit::paintEvent(event);
+  if (!hasFocus() || !m_caretLit || isReadOnly())
+    return;
+  QPainter painter(this);
+  const QRectF around = cursorRect();
+  painter.fillRect(ScreenPixels(painter).upright(around.top(), around.bottom(),
+                                                 cursorRect().center().x() + 1, 1),
+                   shade(palette().color(QPalette::Base), palette().color(QPalette::Text)));
+}
+
+void TextBox::focusInEvent(QFocusEvent *event) {
+  QLineEdit::focusInEvent(event);
+  lightCaret();
+}
+
+/// From now on it blinks as fast as the desktop says, if it says so.
+void TextBox::lightCaret() {
+  m_caretLit = true;
+  const int period = QApplication::cursorFlashTime();
+  if (hasFocus() && period > 0)
+    m_blinking.start(period / 2, this);
+}
+
+void TextBox::timerEvent(QTimerEvent *event) {
+  if (event->timerId() != m_blinking.timerId()) {
+    QLineEdit::timerEvent(event);
+    return;
+  }
+  m_caretLit = !m_caretLit;
+  if (!hasFocus())
+    m_blinking.stop();
+  update(cursorRect());
 }
 
 } // namespace vnb

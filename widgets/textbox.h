@@ -2,6 +2,7 @@
 /// Text boxes of one line whose limits bind the user alone.
 #pragma once
 
+#include <QBasicTimer>
 #include <QLineEdit>
 
 #include <limits>
@@ -25,17 +26,25 @@ public:
 
 protected:
   void keyPressEvent(QKeyEvent *event) override;
+  // The caret is drawn here, in the colour of the text: Qt's, which the style hides, is the reverse
+  // of the ground and hardly shows on a middling one.
+  void paintEvent(QPaintEvent *event) override;
+  void focusInEvent(QFocusEvent *event) override;
+  void timerEvent(QTimerEvent *event) override;
 
 private:
   class Entry;
 
   QString fitting(const QString &entered) const;
   void noteState();
+  void lightCaret();
   void cutToLimit(QString &text, int &cursor) const;
 
   int m_limit;
   qsizetype m_unselected = 0; // how much of the text an entry leaves in place
   QString m_given;            // by the program
+  QBasicTimer m_blinking;
+  bool m_caretLit = true;
 };
 
 } // namespace vnb
