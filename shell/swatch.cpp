@@ -22,10 +22,14 @@ void Swatch::paintEvent(QPaintEvent * /*event*/) {
   // The colour is what is chosen, so the pointer doesn't change it.
   const QRect inside = rect().adjusted(4, 4, -4, -4);
   const QColor onColour = shade(toQColor(m_colour), toQColor(TextColor), 3);
-  if (isDown())
+  if (isDown()) {
     paintFrame(painter, inside, onColour, 2);
-  else if (underMouse())
-    paintFrame(painter, inside, onColour);
+  } else if (underMouse()) {
+    // Its sides alone: a whole frame would look like the focus.
+    const QRect side(inside.topLeft(), QSize(2, inside.height()));
+    painter.fillRect(side, onColour);
+    painter.fillRect(side.translated(inside.width() - side.width(), 0), onColour);
+  }
 }
 
 } // namespace vnb
