@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 
 namespace vnb {
 
@@ -28,10 +29,9 @@ public:
   virtual void buttonImagesChanged() {}
   /// DeviceImages is new: every sprite takes its picture.
   virtual void deviceImagesChanged() {}
-  /// Colours wipe the grid. A switch that fails asks first whether there was one, and brings it
-  /// back.
-  virtual bool hasGrid() const { return false; }
-  virtual void redrawGrid() {}
+  /// Colours wipe the grid, and the colour of a picked line. What this gives brings back those that
+  /// are there now: for a switch that fails.
+  virtual std::function<void()> keepDrawn() { return [] {}; }
 
   /// lSelectedItem is a new device, or has been selected again: the panels are filled for it.
   virtual void deviceSelected() {}

@@ -14,14 +14,16 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include <functional>
+
 namespace vnb {
 namespace {
 
-/// The theme in force, the colours (some are the user's own), the pictures and the grid, to go back
-/// to when another theme fails. Nothing is read again: the theme's files may be gone.
+/// The theme in force, the colours (some are the user's own), the pictures and what is drawn, to go
+/// back to when another theme fails. Nothing is read again: the theme's files may be gone.
 class LookInForce {
 public:
-  explicit LookInForce(const EditorView &view) : m_grid(view.hasGrid()) {
+  explicit LookInForce(EditorView &view) : m_redraw(view.keepDrawn()) {
     for (const ColourRow &row : colourRows)
       m_colours.push_back(*row.colour);
   }
@@ -36,8 +38,7 @@ public:
       *colourRows[i].colour = m_colours[i];
     view.linkColorChanged();
     view.UpdateColors();
-    if (m_grid)
-      view.redrawGrid();
+    m_redraw();
   }
 
 private:
@@ -45,7 +46,7 @@ private:
   QString m_name = ThemeName;
   Pictures m_pictures = allPictures();
   std::vector<Colour> m_colours;
-  bool m_grid;
+  std::function<void()> m_redraw;
 };
 
 void tell(const QString &text) {

@@ -110,6 +110,13 @@ void Selection::pickLink(std::int32_t lIndex) {
   m_surface.touch(line);
 }
 
+std::int32_t Selection::pickedLink() const {
+  std::int32_t i = m_surface.lneLink.UBound();
+  while (i > 0 && m_surface.lneLink(i).BorderColor == LinkColor)
+    --i;
+  return i;
+}
+
 void Selection::ClearLinkHilites() {
   for (std::int32_t i = 1; i <= m_surface.lneLink.UBound(); ++i) {
     Line &line = m_surface.lneLink(i);

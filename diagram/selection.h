@@ -31,6 +31,8 @@ public:
   void pickSubnet(std::int32_t lIndex);
   /// Line `lIndex` alone is the picked one. Raises 340 if there is none.
   void pickLink(std::int32_t lIndex);
+  /// Its line, 0 if none is picked.
+  std::int32_t pickedLink() const;
 
   /// Every line takes LinkColor.
   void ClearLinkHilites();

@@ -264,15 +264,20 @@ void frmMain::picSettings_Click() {
   // The sweep of a theme's colours may have made it long ago, with the values of then.
   m_forms.get<frmSettings>().Form_Load();
   m_forms.get<frmSettings>().showModal(this);
-  redrawGrid();
+  picLayout().redrawGrid();
 }
 
 void frmMain::picAbout_Click() {
   reported("frmMain", "picAbout_Click", [this] { m_forms.get<frmAbout>().showModal(this); });
 }
 
-void frmMain::redrawGrid() {
-  picLayout().redrawGrid();
+std::function<void()> frmMain::keepDrawn() {
+  return [this, grid = picLayout().hasGrid(), link = m_selection.pickedLink()] {
+    if (grid)
+      picLayout().redrawGrid();
+    if (link != 0)
+      m_selection.pickLink(link);
+  };
 }
 
 void frmMain::linkColorChanged() {

@@ -91,8 +91,7 @@ private:
   void loadButtonImages(const QString &tag, const QString &files) override;
   void buttonImagesChanged() override;
   void deviceImagesChanged() override;
-  bool hasGrid() const override { return m_viewport.picLayout().hasGrid(); }
-  void redrawGrid() override;
+  std::function<void()> keepDrawn() override;
 
   /// In the order of making: each works on those above it. The forms go first.
   WindowPlace m_place;
