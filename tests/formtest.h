@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QImage>
 #include <QLabel>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <stdexcept>
@@ -53,35 +54,50 @@ inline void use(QWidget &form, const std::string &act) {
   }
 }
 
-/// "a;>b;c" with b picked.
+/// "a,>b,c" with b picked.
 inline QString rows(const NumberList &list) {
   QStringList out;
   for (int row = 0; const NumberRow &shown : list.rows())
     out << (row++ == list.ListIndex() ? u">"_qs : QString()) + shown.text();
-  return out.join(u';');
+  return out.join(u',');
 }
 
-/// What a form shows: "name=text" of boxes and lists, "name" of a button that is on, and the
-/// labels that change.
-inline std::string shown(const QWidget &form) {
+/// What a form shows, by its controls' names: texts, the labels that change, which row of which,
+/// and which buttons are on.
+inline std::vector<std::pair<QString, QString>> facts(const QWidget &form) {
   static const QStringList labels{u"lblLinks"_qs, u"lblSubnets"_qs, u"lblNoDevice"_qs};
-  QStringList out;
+  std::vector<std::pair<QString, QString>> out;
   for (const QWidget *child : form.findChildren<QWidget *>()) {
-    const QString name = child->objectName();
+    QString name = child->objectName();
     if (name.isEmpty() || name.startsWith(u"qt_") || !child->isVisibleTo(&form))
       continue;
-    if (const auto *textBox = dynamic_cast<const TextBox *>(child))
-      out << name + u'=' + textBox->text();
-    else if (const auto *combo = dynamic_cast<const QComboBox *>(child))
-      out << name + u'=' + combo->currentText();
-    else if (const auto *list = dynamic_cast<const NumberList *>(child))
-      out << name + u'=' + rows(*list);
-    else if (const auto *label = qobject_cast<const QLabel *>(child))
-      out << (labels.contains(name) ? name + u'=' + label->text() : QString());
-    else if (const auto *button = qobject_cast<const QAbstractButton *>(child))
-      out << (button->isChecked() ? name : QString());
+    if (const auto *textBox = dynamic_cast<const TextBox *>(child)) {
+      out.emplace_back(name, textBox->text());
+    } else if (const auto *combo = dynamic_cast<const QComboBox *>(child)) {
+      QStringList rows;
+      for (int row = 0; row < combo->count(); ++row)
+        rows << combo->itemText(row);
+      out.emplace_back(name, combo->currentText() + u" of "_qs + rows.join(u','));
+    } else if (const auto *list = dynamic_cast<const NumberList *>(child)) {
+      out.emplace_back(name, rows(*list));
+    } else if (const auto *label = qobject_cast<const QLabel *>(child)) {
+      if (labels.contains(name))
+        out.emplace_back(name, label->text());
+    } else if (const auto *button = qobject_cast<const QAbstractButton *>(child)) {
+      const QString number = name.section(QRegularExpression(u"\\D+"_qs), -1);
+      name.chop(number.size());
+      if (button->isChecked())
+        out.emplace_back(name, number.isEmpty() ? u"on"_qs : number);
+    }
   }
-  out.removeAll(QString());
+  return out;
+}
+
+/// The same in a line.
+inline std::string shown(const QWidget &form) {
+  QStringList out;
+  for (const auto &[name, value] : facts(form))
+    out << name + u'=' + value;
   return out.join(u' ').toStdString();
 }
 

@@ -66,7 +66,7 @@ protected:
 };
 
 TEST_F(SettingsDialog, ShowsWhatIsInForce) {
-  EXPECT_EQ(shown(), "chkGrid txtGridRes=20");
+  EXPECT_EQ(shown(), "chkGrid=on txtGridRes=20");
   for (int i = 0; i < 7; ++i)
     EXPECT_EQ(swatch(i).BackColor(), 0x100001 + i);
   GridRes = 12345;
@@ -75,7 +75,7 @@ TEST_F(SettingsDialog, ShowsWhatIsInForce) {
   BackgroundColor = 0xFF0000;
   TextColor = 0x00FF00;
   form().Form_Load();
-  EXPECT_EQ(shown(), "txtGridRes=12345 chkLoadLast") << "the limit binds the user alone";
+  EXPECT_EQ(shown(), "txtGridRes=12345 chkLoadLast=on") << "the limit binds the user alone";
   EXPECT_EQ(seen("picColor0"), QColor(1, 0, 16)) << "a theme changes all but the swatches";
   EXPECT_EQ(control("lblGridRes").palette().color(QPalette::WindowText), QColor(Qt::green));
   EXPECT_EQ(form().palette().color(QPalette::Window), QColor(Qt::blue));
@@ -136,7 +136,7 @@ TEST_F(SettingsDialog, OtherWaysOutChangeNothingAndDestroyTheForm) {
            [this] { click("cmdCancel"); }, [this] { form().close(); },
            [this] { QTest::keyClick(&box(), Qt::Key_Escape); }}) {
     const QPointer<frmSettings> dialog = &form();
-    EXPECT_EQ(shown(), "chkGrid txtGridRes=20");
+    EXPECT_EQ(shown(), "chkGrid=on txtGridRes=20");
     changeAll();
     QTimer::singleShot(0, &form(), leave);
     form().showModal(nullptr);
