@@ -124,10 +124,13 @@ TEST(Document, RemovalRefusesWhatIsNotThere) {
   operations.RemoveSystem(1);
   for (const std::int32_t index : {0, -1, 2})
     RemoveFromDataArray(index);
+  operations.RemoveLink(1, false);
+  RemoveFromSubnetArray(1);
   EXPECT_THAT(boxes.texts,
               ElementsAre("9 modDeclares.RemoveFromSysArray", "9 modDeclares.RemoveFromSysArray",
                           "9 modDeclares.RemoveFromDataArray", "9 modDeclares.RemoveFromDataArray",
-                          "9 modDeclares.RemoveFromDataArray"));
+                          "9 modDeclares.RemoveFromDataArray", "9 modDeclares.RemoveFromLinkArray",
+                          "9 modDeclares.RemoveFromSubnetArray"));
   EXPECT_EQ(dumpSystems() + dumpData(), "ROUTER 0 0 1 -1 -1 -10=''");
 }
 

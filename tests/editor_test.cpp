@@ -213,7 +213,8 @@ TEST_F(Editor, AThemeRestylesEverythingThatStands) {
     if (toolbar.pixelColor(x, 2) == toQColor(SeparatorColor))
       separators += std::to_string(x) + " ";
   EXPECT_EQ(separators, "289 290 ");
-  for (const auto &[y, colour] : {std::pair(26, BackgroundColor), {27, SeparatorColor}})
+  for (const auto &[y, colour] :
+       {std::pair(26, BackgroundColor), {27, SeparatorColor}, {28, BackgroundColor}})
     EXPECT_EQ(toolbar.pixelColor(0, y), toQColor(colour));
   auto &device = main.forms().get<frmDevice>();
   EXPECT_EQ(foreground(device, "lblNoDevice"), "#ff4433");

@@ -13,9 +13,11 @@
 
 #include <QComboBox>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
 #include <QWindow>
 
+#include <algorithm>
 #include <sstream>
 
 namespace vnb::test {
@@ -26,6 +28,38 @@ inline constexpr std::int32_t terminal = 2;
 inline constexpr std::int32_t lock = 3;
 inline constexpr std::int32_t server = 4;
 inline constexpr std::int32_t nothing = -1;
+
+/// "1 solid 2 FFFFFF #1;" for each framed device: width, colour, number.
+inline std::string frames(const Surface &surface) {
+  std::ostringstream out;
+  for (std::int32_t i = 0; i <= surface.picSystem.UBound(); ++i) {
+    const SpriteLayer &layer = surface.picSystem(i).layer;
+    if (layer.frameWidth == 0)
+      continue;
+    out << i << (layer.dotted ? " dotted " : " solid ") << int{layer.frameWidth} << ' ' << std::hex
+        << std::uppercase << layer.colour << std::dec
+        << (layer.number == -1 ? "" : " #" + std::to_string(layer.number)) << ';';
+  }
+  return out.str();
+}
+
+/// The largest difference of any colour channel.
+inline int difference(const QImage &a, const QImage &b) {
+  int largest = a.size() == b.size() ? 0 : 255;
+  for (int y = 0; y < a.height() && largest < 255 && a != b; ++y)
+    for (int x = 0; x < a.width(); ++x) {
+      const QRgb p = a.pixel(x, y);
+      const QRgb q = b.pixel(x, y);
+      largest = std::max({largest, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                          std::abs(qBlue(p) - qBlue(q))});
+    }
+  return largest;
+}
+
+/// What the user sees of a window, painted when it was.
+inline QImage onScreen(QWidget &window) {
+  return window.screen()->grabWindow(window.winId()).toImage();
+}
 
 /// The user's pointer. While a button is held, everything goes to the window that was pressed.
 class Pointer {
@@ -167,19 +201,7 @@ public:
     out << line.X1 << ',' << line.Y1 << '-' << line.X2 << ',' << line.Y2;
     return line.Visible ? out.str() : "hidden";
   }
-  /// "1 solid 2 FFFFFF #1;" for each framed device: width, colour, number.
-  std::string frames() {
-    std::ostringstream out;
-    for (std::int32_t i = 0; i <= surface().picSystem.UBound(); ++i) {
-      const SpriteLayer &layer = surface().picSystem(i).layer;
-      if (layer.frameWidth == 0)
-        continue;
-      out << i << (layer.dotted ? " dotted " : " solid ") << int{layer.frameWidth} << ' '
-          << std::hex << std::uppercase << layer.colour << std::dec
-          << (layer.number == -1 ? "" : " #" + std::to_string(layer.number)) << ';';
-    }
-    return out.str();
-  }
+  std::string frames() { return test::frames(surface()); }
   std::string status() { return child<QLabel>("lblStatus").text().toStdString(); }
 
   const Folder store;
