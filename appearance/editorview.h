@@ -31,7 +31,9 @@ public:
   virtual void deviceImagesChanged() {}
   /// Colours wipe the grid, and the colour of a picked line. What this gives brings back those that
   /// are there now: for a switch that fails.
-  virtual std::function<void()> keepDrawn() { return [] {}; }
+  virtual std::function<void()> keepDrawn() {
+    return [] {};
+  }
 
   /// lSelectedItem is a new device, or has been selected again: the panels are filled for it.
   virtual void deviceSelected() {}
