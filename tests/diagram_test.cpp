@@ -126,35 +126,42 @@ TEST_F(Diagram, LinesFollowAndNoMoreIsPaintedThanHasChanged) {
   repainted();
   const std::string first = "24,16-224,110;", second = "224,110-424,110;",
                     third = "424,110-624,110;", none = "624,110-624,110;";
+  const auto all = [](const Words &lines) {
+    std::string joined;
+    for (const std::string &line : lines)
+      joined += line;
+    return joined;
+  };
   struct Row {
     const char *what;
     std::function<void()> change;
     std::string lines, repainted;
   };
   for (const auto &[what, change, due, area] : std::vector<Row>{
-           {"add", [&] { add(9, 300, 300); }, first + second + third + none, "299,299 34x34"},
+           {"add", [&] { add(9, 300, 300); }, all({first, second, third, none}), "299,299 34x34"},
            {"link", [&] { operations.AddLink(0, 0, 1, 4, 0, .5, 1); },
-            first + second + third + none + "0,32-300,316;", "0,30 302x288"},
+            all({first, second, third, none, "0,32-300,316;"}), "0,30 302x288"},
            {"unlink", [&] { operations.RemoveLink(2, false); },
-            first + third + none + "0,32-300,316;", "222,108 204x4"},
+            all({first, third, none, "0,32-300,316;"}), "222,108 204x4"},
            {"later", [&] { operations.RemoveLink(2, true); },
-            first + third + none + "0,32-300,316;", ""},
-           {"lay", [&] { operations.RemoveLink(9, false); }, first + none + "0,32-300,316;",
+            all({first, third, none, "0,32-300,316;"}), ""},
+           {"lay", [&] { operations.RemoveLink(9, false); }, all({first, none, "0,32-300,316;"}),
             "422,108 204x4"},
            {"end", [&] { at(Links, 3).dToY = 0, operations.RefreshLine(3); },
-            first + none + "0,32-300,300;", "0,30 302x288"},
+            all({first, none, "0,32-300,300;"}), "0,30 302x288"},
            {"select", [&] { selection.SelectItem(1, SelectedColor, false); },
-            first + none + "0,32-300,300;", "199,99 50x22"},
-           {"pick", [&] { selection.pickLink(1); }, first + none + "0,32-300,300;", "22,14 204x98"},
+            all({first, none, "0,32-300,300;"}), "199,99 50x22"},
+           {"pick", [&] { selection.pickLink(1); }, all({first, none, "0,32-300,300;"}),
+            "22,14 204x98"},
            {"other", [&] { selection.SelectItem(0, SelectedColor, false); },
-            first + none + "0,32-300,300;", "0,0 249x121"},
-           {"retype", [&] { operations.ReplaceSystem(3, 4); }, first + none + "0,32-300,300;",
+            all({first, none, "0,32-300,300;"}), "0,0 249x121"},
+           {"retype", [&] { operations.ReplaceSystem(3, 4); }, all({first, none, "0,32-300,300;"}),
             "599,99 50x39"},
            {"move", [&] { operations.MoveSystem(3, 600, 200); },
-            first + "619,218.5-624,110;0,32-300,300;", "599,99 40x139"},
-           {"unlink", [&] { operations.RemoveLink(2, false); }, first + "0,32-300,300;",
+            all({first, "619,218.5-624,110;0,32-300,300;"}), "599,99 40x139"},
+           {"unlink", [&] { operations.RemoveLink(2, false); }, all({first, "0,32-300,300;"}),
             "617,108 9x113"},
-           {"remove", [&] { operations.RemoveSystem(2); }, first + "0,32-300,300;",
+           {"remove", [&] { operations.RemoveSystem(2); }, all({first, "0,32-300,300;"}),
             "399,99 240x139"},
            {"remove", [&] { operations.RemoveSystem(1); }, "0,32-300,300;", "22,14 617x224"},
            {"deselect", [&] { selection.Deselect(); }, "0,32-300,300;", "0,0 49x33"},
