@@ -2,7 +2,6 @@
 #include "widgets/style.h"
 
 #include "widgets/screenpixels.h"
-#include "widgets/textbox.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>
@@ -228,12 +227,9 @@ public:
   int pixelMetric(PixelMetric metric, const QStyleOption *option,
                   const QWidget *widget) const override {
     // Room for the mark of the focus, which the contents would lie on.
-    if (metric == PM_DefaultFrameWidth && isScrollArea(widget))
-      return 3;
-    if (metric == PM_TextCursorWidth && option != nullptr &&
-        dynamic_cast<const TextBox *>(option->styleObject) != nullptr)
-      return 0; // it draws one of its own
-    return QProxyStyle::pixelMetric(metric, option, widget);
+    return metric == PM_DefaultFrameWidth && isScrollArea(widget)
+               ? 3
+               : QProxyStyle::pixelMetric(metric, option, widget);
   }
 
   QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,

@@ -57,6 +57,8 @@ TextBox::TextBox(QWidget *parent, int limit) : QLineEdit(parent), m_limit(limit)
   connect(this, &QLineEdit::selectionChanged, this, &TextBox::noteState);
   connect(this, &QLineEdit::textChanged, this, &TextBox::lightCaret);
   connect(this, &QLineEdit::cursorPositionChanged, this, &TextBox::lightCaret);
+  QInputMethodEvent nothing;
+  TextBox::inputMethodEvent(&nothing);
 }
 
 void TextBox::setContent(const QString &text) {
@@ -102,6 +104,20 @@ void TextBox::cutToLimit(QString &text, int &cursor) const {
   const qsizetype from = std::max<qsizetype>(0, cursor - excess);
   text.remove(from, excess);
   cursor = static_cast<int>(from);
+}
+
+void TextBox::inputMethodEvent(QInputMethodEvent *event) {
+  auto attributes = event->attributes();
+  auto at = static_cast<int>(event->preeditString().size());
+  for (const auto &attribute : attributes)
+    if (attribute.type == QInputMethodEvent::Cursor)
+      at = attribute.start;
+  attributes.append({QInputMethodEvent::Cursor, at, 0}); // the last one counts, and hides it
+  QInputMethodEvent hiding(event->preeditString(), attributes);
+  hiding.setCommitString(event->commitString(), event->replacementStart(),
+                         event->replacementLength());
+  QLineEdit::inputMethodEvent(&hiding);
+  event->setAccepted(hiding.isAccepted());
 }
 
 void TextBox::paintEvent(QPaintEvent *event) {

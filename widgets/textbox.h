@@ -26,8 +26,9 @@ public:
 
 protected:
   void keyPressEvent(QKeyEvent *event) override;
-  // The caret is drawn here, in the colour of the text: Qt's, which the style hides, is the reverse
-  // of the ground and hardly shows on a middling one.
+  // The caret is drawn here, in the colour of the text: Qt's, which input methods can hide, is the
+  // reverse of the ground and hardly shows on a middling one.
+  void inputMethodEvent(QInputMethodEvent *event) override;
   void paintEvent(QPaintEvent *event) override;
   void focusInEvent(QFocusEvent *event) override;
   void timerEvent(QTimerEvent *event) override;
