@@ -249,10 +249,6 @@ void frmLinks::cmdRemove_Click() {
                         .icon = MessageBox::Icon::Question,
                         .buttons = MessageBox::Buttons::YesNo}) != Answer::Yes)
       return;
-    // Input that waited behind the box may have left the device: nobody sees which link goes then.
-    if (const NumberRow *const still = m_lstLinks->picked();
-        still == nullptr || still->number != lLink)
-      return;
     diagram().operations.RemoveLink(lLink, false);
     diagram().selection.ClearLinkHilites(); // another line has its number now
     m_lstLinks->removeRow(m_lstLinks->ListIndex());

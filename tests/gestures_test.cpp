@@ -408,6 +408,29 @@ TEST_F(Gesture, TheMenuOpensAtARightClickAndRunsItsEntry) {
   EXPECT_EQ(lSelectedItem, terminal);
 }
 
+/// A program that had no time gets all at once: the answer, and what was done behind the box.
+TEST_F(Gesture, WhatFollowsAnAnswerWaitsForItsWork) {
+  showMessageBox = showMessageWindow;
+  link(hub, terminal);
+  select(hub);
+  main.picLink_Click();
+  auto &panel = main.forms().get<frmLinks>();
+  use(panel, "lstLinks=0");
+  QTimer::singleShot(0, [&] {
+    QWindow *box = QApplication::activeModalWidget()->windowHandle();
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+      qt_handleKeyEvent(box, type, Qt::Key_Return, {}, {}, false, 1);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+      qt_handleMouseEvent(main.windowHandle(), QPoint(400, 300), QPoint(400, 300),
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                          Qt::LeftButton, type, {}, 0);
+  });
+  use(panel, "cmdRemove");
+  EXPECT_EQ(lSelectedItem, hub);
+  EXPECT_EQ(dumpLinks(), "");
+  EXPECT_TRUE(controlOf<NumberList>(panel, "lstLinks").rows().empty());
+}
+
 // The keys.
 
 TEST_F(Gesture, KeysRunWhatTheirModifiersSayAndNothingElse) {

@@ -35,17 +35,25 @@ QWidget *asker() {
   return last && last->isVisible() ? last : nullptr;
 }
 
-/// A dialog that its owner's end may take along; for whoever waits it was then cancelled.
+/// A dialog that its owner's end may take along; for whoever waits it was then cancelled. What the
+/// user does between the answer and its getting there is dropped: it would change what the answer
+/// is about.
 template <class Dialog>
-class Shown {
+class Shown : public QObject {
 public:
   template <class... Arguments>
-  explicit Shown(const Arguments &...arguments) : m_dialog(new Dialog(arguments...)) {}
-  ~Shown() { delete m_dialog; }
-  Shown(const Shown &) = delete;
-  Shown &operator=(const Shown &) = delete;
+  explicit Shown(const Arguments &...arguments) : m_dialog(new Dialog(arguments...)) {
+    const auto answered = [this] { qApp->installEventFilter(this); };
+    connect(m_dialog, &QDialog::finished, this, answered);
+    connect(m_dialog, &QObject::destroyed, this, answered);
+  }
+  ~Shown() override { delete m_dialog; }
 
   Dialog *operator->() const { return m_dialog; }
+
+  bool eventFilter(QObject *target, QEvent *event) override {
+    return target->isWindowType() && event->isInputEvent();
+  }
 
 private:
   QPointer<Dialog> m_dialog;
