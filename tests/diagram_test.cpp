@@ -84,8 +84,6 @@ protected:
     QRegion area;
   };
   void PopulateLockBoxes() override { ++refills; }
-  void deviceSelected() override { told += "selected "; }
-  void showNoDevice() override { told += "none "; }
 
   const Look look;
   Boxes boxes;
@@ -96,7 +94,6 @@ protected:
   Selection selection{surface, *this};
   ReaderView view;
   int refills = 0;
-  std::string told;
 };
 
 TEST_F(Diagram, EachDeviceShowsThePictureOfItsType) {
@@ -227,52 +224,6 @@ TEST_F(Diagram, PastTheLastNumberNoEndsTheReading) {
   operations.ClearLAN();
   open(sample("five-devices.txt"));
   EXPECT_EQ(surface.picSystem.UBound(), 4) << "the next file is read";
-}
-
-/// Frames by the order of what a user does; each step starts where the one before has left off.
-TEST_F(Diagram, FramesComeAndGoWithTheirReasons) {
-  for (const std::int32_t lType : {2, 9, 9, 2, 5})
-    add(lType, 100 * lType, 100);
-  using Act = std::function<void()>;
-  const auto select = [&](std::int32_t i) {
-    return [&, i] { selection.SelectItem(i, SelectedColor, false); };
-  };
-  const auto hint = [&](std::int32_t i) {
-    return [&, i] { selection.SelectItem(i, LinkSelColor, true); };
-  };
-  const auto lock = [&](int box, std::int32_t i) {
-    return [&, box, i] { selection.showLock(box, i); };
-  };
-  const auto subnet = [&](std::int32_t i) { return [&, i] { selection.showSubnet(i); }; };
-  const auto pick = [&](std::int32_t i) { return [&, i] { selection.pickSubnet(i); }; };
-  const Act deselect = [&] { selection.Deselect(); };
-  for (const auto &[act, due] : std::vector<std::pair<Act, const char *>>{
-           {hint(4), "4 solid 2 FF;"},
-           {deselect, "4 solid 2 FF;"}, // as none is selected
-           {select(1), "1 solid 2 FFFFFF #1;"},
-           {lock(0, 2), "1 solid 2 FFFFFF #1;2 dotted 1 FFFF;"},
-           {lock(1, 2), "1 solid 2 FFFFFF #1;2 dotted 1 FFFF;"},
-           {lock(0, 3), "1 solid 2 FFFFFF #1;2 dotted 1 FFFF;3 dotted 1 FFFF;"},
-           {lock(1, -1), "1 solid 2 FFFFFF #1;3 dotted 1 FFFF;"},
-           {hint(2), "1 solid 2 FFFFFF #1;2 dotted 1 FF;3 dotted 1 FFFF;"},
-           {hint(4), "1 solid 2 FFFFFF #1;3 dotted 1 FFFF;4 solid 2 FF;"},
-           {subnet(4), "1 solid 2 FFFFFF #1;3 dotted 1 FFFF;4 solid 2 8000;"},
-           {pick(5), "1 solid 2 FFFFFF #1;3 dotted 1 FFFF;4 solid 2 8000;5 solid 2 FF00;"},
-           {pick(4), "1 solid 2 FFFFFF #1;3 dotted 1 FFFF;4 solid 2 FF00;5 solid 2 8000;"},
-           {select(2), "2 solid 2 FFFFFF #2;"},
-           {pick(1), "1 solid 2 FF00;2 solid 2 FFFFFF #2;"},
-           {lock(4, 3), "1 solid 2 FF00;2 solid 2 FFFFFF #2;3 dotted 1 FFFF;"},
-           {[&] { selection.ClearSubnetHilites(); }, "2 solid 2 FFFFFF #2;3 dotted 1 FFFF;"},
-           {[&] { selection.ClearLockHilites(); }, "2 solid 2 FFFFFF #2;"},
-           {select(0), "0 solid 2 FFFFFF #0;"},
-           {deselect, ""},
-           {select(9), ""}}) {
-    act();
-    EXPECT_EQ(frames(surface), due);
-  }
-  EXPECT_EQ(told, "selected selected selected none ");
-  EXPECT_EQ(lSelectedItem, -1);
-  EXPECT_THAT(boxes.texts, ElementsAre("340 frmMain.SelectItem"));
 }
 
 TEST_F(Diagram, LocksRefillTheBoxesUnlessAFileIsRead) {

@@ -130,12 +130,16 @@ public:
   void link(std::int32_t lFrom, std::int32_t lTo) {
     main.operations().AddLink(lFrom, .5, .5, lTo, .5, .5, 1);
   }
+  template <class T = QWidget>
+  T &child(const char *name) {
+    return child<T>(QString::fromLatin1(name));
+  }
   Surface &surface() { return main.picLayout(); }
   vnb::Gestures &gestures() { return dynamic_cast<vnb::Gestures &>(*surface().events); }
   /// The main window or what belongs to it.
   template <class T = QWidget>
-  T &child(const char *name) {
-    auto *found = main.findChild<T *>(QString::fromLatin1(name));
+  T &child(const QString &name) {
+    auto *found = main.findChild<T *>(name);
     return found != nullptr ? *found : dynamic_cast<T &>(static_cast<QWidget &>(main));
   }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pointer, driven through the windows as a display server would, the context menu and the keys.
+// What a step of a session doesn't tell: drags cut short, the toolbox, the context menu, the keys.
 #include "gesture.h"
 #include "panels/frmLinks.h"
 #include "widgets/drag.h"
@@ -15,61 +15,6 @@
 
 namespace vnb::test {
 namespace {
-
-constexpr QPoint square(530, 460); // of the form, bare between the scroll bars
-
-// Select and move.
-
-void turnWheel(QWidget &on, QPoint angle, QPoint pixels = {}, Qt::KeyboardModifiers keys = {}) {
-  const QPointF at(1, 1);
-  QWheelEvent wheel(at, on.mapToGlobal(at), pixels, angle, {}, keys, Qt::NoScrollPhase, false);
-  QSpontaneKeyEvent::setSpontaneous(&wheel);
-  qApp->notify(&on, &wheel);
-}
-
-TEST_F(Gesture, APressSelectsAndOnlyTheLeftButtonDrags) {
-  std::vector<std::int32_t> menus;
-  gestures().openMenu = [&](std::int32_t Index, QPoint) { menus.push_back(Index); };
-  press(terminal).moveTo(305, 55).pressOn(Qt::RightButton).release(Qt::RightButton);
-  moveTo(210, 160);
-  EXPECT_EQ(lSelectedItem, terminal) << "no other button does anything meanwhile";
-  EXPECT_EQ(at(terminal), "200,150") << "moves only when it is dropped";
-  release(Qt::LeftButton);
-  EXPECT_EQ(at(terminal), "210,160");
-  for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
-    select(lock);
-    press(hub, button).moveTo(200, 90);
-    EXPECT_FALSE(Drag::instance().isActive());
-    release();
-    EXPECT_EQ(at(hub), "100,50");
-    EXPECT_EQ(lSelectedItem, hub) << "the release was no click on the surface";
-  }
-  EXPECT_THAT(menus, ElementsAre(hub));
-}
-
-/// A place within a control, and what comes of it.
-struct Place {
-  const char *target;
-  QPoint to;
-  const char *due;
-};
-
-TEST_F(Gesture, ADeviceLandsWhereItIsDropped) {
-  child<QScrollBar>("hsbScroll").setValue(2);
-  for (const auto &[target, to, due] :
-       std::vector<Place>{{"picLayout", {310, 60}, "303,57"}, // on a lock
-                          {"picLayout", {120, 60}, "113,57"}, // on itself
-                          {"picLayout", {3, 1}, "-4,-2"},
-                          {"frmMain", square, "523,457"},
-                          {"picNew", {10, 10}, "100,50"},
-                          {"vsbScroll", {5, 200}, "100,50"},
-                          {"picLayout", {700, 300}, "100,50"}}) { // out of sight
-    put(hub, 100, 50);
-    press(hub, Qt::LeftButton, {7, 3}).moveIn(child(target), to).release();
-    EXPECT_EQ(at(hub), due);
-    EXPECT_EQ(lSelectedItem, hub) << due;
-  }
-}
 
 TEST_F(Gesture, ADragThatIsCutShortDropsNothing) {
   QMessageBox box;
@@ -99,134 +44,7 @@ TEST_F(Gesture, ADragThatIsCutShortDropsNothing) {
   EXPECT_THAT(boxes.texts, IsEmpty());
 }
 
-TEST_F(Gesture, OnlyAClickOnBareSurfaceOrFormDeselects) {
-  struct Case {
-    const char *what, *pressed;
-    QPoint from;
-    const char *released;
-    QPoint to;
-    bool deselects = false;
-  };
-  for (const auto &[what, pressed, from, released, to, deselects] : std::vector<Case>{
-           {"the surface", "picLayout", {400, 300}, "picLayout", {400, 300}, true},
-           {"the form", "frmMain", square, "frmMain", square, true},
-           {"released outside", "picLayout", {400, 300}, "picLayout", {400, -10}},
-           {"a scroll bar", "vsbScroll", {5, 300}, "vsbScroll", {5, 300}},
-           {"a button, released over the surface", "picAdd", {5, 5}, "picLayout", {400, 300}},
-           {"the tool bar", "picToolbar", {500, 10}, "picToolbar", {500, 10}},
-           {"the tool bar, over the form", "picToolbar", {500, 10}, "frmMain", square}})
-    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-      select(hub);
-      pressIn(child(pressed), from, button).moveIn(child(released), to).release();
-      EXPECT_EQ(lSelectedItem, deselects ? nothing : hub) << what;
-      if (!deselects)
-        break; // a scroll bar has a menu of its own
-    }
-}
-
-TEST_F(Gesture, TheStatusLineTellsWhatThePointerIsOver) {
-  for (const auto &[target, to, due] :
-       std::vector<Place>{{"picLayout", {101, 51}, "Hub 1"},
-                          {"picLayout", {400, 300}, ""},
-                          {"picLayout", {5, 5}, "Router 0"},
-                          {"vsbScroll", {5, 50}, "Router 0"},
-                          {"frmMain", square, ""},
-                          {"picNew", {5, 5}, "New LAN"},
-                          {"picToolbar", {290, 5}, ""},
-                          {"picLayout", {150, 280}, "Main server 4"},
-                          {"lblStatus", {2, 5}, ""}}) {
-    moveIn(child(target), to);
-    EXPECT_EQ(status(), due) << target << ' ' << to.x();
-  }
-  pressAt(310, 60, Qt::MiddleButton).moveTo(400, 300);
-  EXPECT_EQ(status(), "Lock 3") << "a pressed device keeps the pointer";
-  release();
-}
-
-// Link.
-
-TEST_F(Gesture, OnlyTwoQuickLeftClicksOnOneDeviceAreADoubleClick) {
-  gestures().openMenu = [](std::int32_t, QPoint) {};
-  const auto linking = [this](const Gesture & /*behind it*/) {
-    moveTo(400, 300);
-    const bool shown = band() != "hidden";
-    gestures().endLinking();
-    return shown;
-  };
-  EXPECT_TRUE(linking(doubleClick(hub)));
-  EXPECT_FALSE(linking(doubleClick(hub, Qt::RightButton)));
-  EXPECT_FALSE(linking(press(hub).release().press(hub).release())) << "slow";
-  put(lock, 148, 50);
-  press(hub, Qt::LeftButton, {47, 5}).release().moveTo(148, 55).pressOn();
-  EXPECT_EQ(lSelectedItem, lock);
-  EXPECT_TRUE(Drag::instance().isActive()) << "an ordinary press on the neighbour";
-  EXPECT_FALSE(linking(release()));
-  EXPECT_TRUE(linking(doubleClick(hub).pressOn().release())) << "the third is a press of its own";
-  EXPECT_FALSE(linking(pressAt(400, 300).release().pressOn().release()));
-}
-
-TEST_F(Gesture, TheBandStaysAtItsDeviceWhenTheSurfaceIsScrolled) {
-  doubleClick(hub);
-  moveTo(210, 160);
-  EXPECT_EQ(band(), "hidden") << "first shows on the bare surface";
-  moveIn(main, square);
-  EXPECT_EQ(band(), "124,60-530,460") << "the form's coordinates as they come";
-  turnWheel(surface(), {0, -120});
-  EXPECT_EQ(surface().pos(), QPoint(0, -100));
-  moveTo(410, 310);
-  EXPECT_EQ(band(), "124,60-410,310");
-  doubleClick(terminal);
-  EXPECT_EQ(band(), "hidden");
-  EXPECT_EQ(dumpLinks(), "1@0.5,0.5-2@0.5,0.5/1");
-}
-
-TEST_F(Gesture, TheWheelScrollsOverTheSurfaceAndOverItsBars) {
-  turnWheel(child("vsbScroll"), {0, -240});
-  EXPECT_EQ(surface().pos(), QPoint(0, -200)) << "as over the surface";
-  turnWheel(child("hsbScroll"), {0, -120});
-  turnWheel(surface(), {-120, 0});
-  EXPECT_EQ(surface().pos(), QPoint(-200, -200));
-  turnWheel(surface(), {0, 120}, {}, Qt::ShiftModifier);
-  EXPECT_EQ(surface().pos(), QPoint(-100, -200)) << "sideways";
-  turnWheel(surface(), {4, -56}, {3, -7});
-  EXPECT_EQ(surface().pos(), QPoint(-97, -207)) << "a touchpad tells pixels";
-}
-
-/// A box that comes up in mid-press gets the release; the surface must not wait for it for ever.
-TEST_F(Gesture, ALostReleaseHoldsNoDevice) {
-  doubleClick(hub);
-  press(terminal, Qt::RightButton);
-  pointer.loseRelease();
-  moveTo(400, 300);
-  EXPECT_THAT(band(), EndsWith("-400,300"));
-}
-
 // The toolbox.
-
-TEST_F(Gesture, ThePreviewIsDroppedOnTheLayoutAlone) {
-  const auto drag = [this](const char *target, QPoint to) {
-    pressIn(preview(), {10, 5});
-    EXPECT_TRUE(Drag::instance().isActive());
-    moveIn(child(target), to).release();
-  };
-  select(hub);
-  toolbox();
-  drag("picLayout", {310, 60}); // on the lock
-  EXPECT_EQ(at(server + 1), "300,55");
-  EXPECT_EQ(lSelectedItem, hub);
-  for (const bool addable : {true, false}) {
-    toolbox(addable ? 0 : 1);
-    for (const char *target : {"picToolbar", "hsbScroll", "frmToolbox"})
-      drag(target, {5, 5});
-  }
-  EXPECT_THAT(boxes.texts, IsEmpty());
-  drag("frmMain", square);
-  EXPECT_THAT(boxes.texts, ElementsAre("This item cannot be added!"));
-  EXPECT_EQ(boxes.boxes[0].title, u"Non-addable item");
-  EXPECT_EQ(boxes.boxes[0].icon, MessageBox::Icon::Exclamation);
-  EXPECT_EQ(boxes.boxes[0].buttons, MessageBox::Buttons::Ok);
-  EXPECT_EQ(UBound(Systems), server + 1);
-}
 
 TEST_F(Gesture, TheToolboxListsTheTypesAndStartsAtHubAtEachOpening) {
   auto &list = *toolbox(7).findChild<QComboBox *>();
@@ -258,19 +76,6 @@ TEST_F(Gesture, TheToolboxListsTheTypesAndStartsAtHubAtEachOpening) {
   QTest::mouseClick(form.findChild<QPushButton *>(), Qt::LeftButton);
   EXPECT_EQ(dumpSystems().substr(dumpSystems().rfind(';')), ";HUB 0 0 1 -1 -1 -1");
   EXPECT_EQ(surface().spriteAt({1, 1}), server + 1) << "the newest lies on top";
-}
-
-TEST_F(Gesture, ThePreviewIsDraggedWithTheLeftButtonWhileItsWindowStands) {
-  toolbox();
-  pressIn(preview(), {1, 1}, Qt::RightButton).moveTo(400, 300).release();
-  pressIn(preview(), {1, 1}).release().pressOn();
-  EXPECT_FALSE(Drag::instance().isActive()) << "a double click is one drag";
-  release().pressIn(preview(), {1, 1}).moveTo(400, 300);
-  main.forms().get<frmToolbox>().close();
-  QCoreApplication::processEvents();
-  EXPECT_FALSE(Drag::instance().isActive());
-  release();
-  EXPECT_EQ(UBound(Systems), server);
 }
 
 // The context menu.

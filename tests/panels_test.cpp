@@ -1,151 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "gesture.h"
-#include "listing.h"
 #include "panels/frmDevice.h"
 #include "panels/frmLanInfo.h"
 #include "panels/frmLinks.h"
 #include "panels/frmSubnet.h"
 #include "runtime/codepage.h"
-#include "runtime/numbers.h"
 
 #include <QClipboard>
 
-#include <map>
-#include <optional>
-
 namespace vnb::test {
 namespace {
-
-/// A session with the panels: a line for each step, which says what a user does and, behind an
-/// arrow, all that this changes: message boxes, panels, records, frames, lines.
-class Session : public Gesture {
-public:
-  ~Session() override { lSelectedItem = nothing; } // the next test makes its forms without a device
-  void TestBody() override {}
-
-  /// Takes the step of a listed line, and returns the line as it is now.
-  QString line(const QString &listed) {
-    const QString step = listed.section(u" -> "_qs, 0, 0);
-    take(step.split(u' '));
-    QStringList changes;
-    for (std::size_t i = 0; i < boxes.texts.size(); ++i) {
-      const MessageBox &box = boxes.boxes[i];
-      const bool report = box.icon == MessageBox::Icon::Critical;
-      changes << u'"' + QString::fromStdString(boxes.texts[i]) + u'"';
-      if (!report)
-        changes << u"titled "_qs + box.title +
-                       (box.buttons == MessageBox::Buttons::YesNo ? u", Yes or No"_qs : QString()) +
-                       (box.icon == MessageBox::Icon::Question ? u", a question"_qs : QString());
-    }
-    boxes.boxes.clear();
-    boxes.texts.clear();
-    auto now = state();
-    for (const auto &[name, value] : now)
-      if (const auto before = m_known.find(name);
-          before == m_known.end() || before->second != value)
-        changes << name + u'=' + value;
-    for (const auto &[name, value] : m_known)
-      if (!now.contains(name))
-        changes << u"no "_qs + name;
-    m_known = std::move(now);
-    return changes.empty() ? step : step + u" -> "_qs + changes.join(u" | "_qs);
-  }
-
-private:
-  FormWindow &form(const QString &name) {
-    FormWindow *found = nullptr;
-    main.forms().forEachLoaded([&](FormWindow &each) {
-      if (each.objectName() == name)
-        found = &each;
-    });
-    if (found == nullptr)
-      throw std::invalid_argument(name.toStdString());
-    return *found;
-  }
-
-  void take(const QStringList &words) {
-    const auto number = [&](int i) { return words.value(i).toInt(); };
-    const auto rest = [&](int from) { return QStringList(words.mid(from)).join(u' '); };
-    const std::map<QString, std::function<void()>> verbs{
-        {u"select"_qs, [&] { main.selection().SelectItem(number(1), SelectedColor, false); }},
-        {u"deselect"_qs, [&] { main.selection().Deselect(); }},
-        {u"new"_qs, [&] { main.picNew_Click(); }},
-        {u"add"_qs, [&] { add(number(1), number(2), number(3)); }},
-        {u"remove"_qs, [&] { main.operations().RemoveSystem(number(1)); }},
-        {u"link"_qs, [&] { link(number(1), number(2)); }},
-        {u"subnet"_qs, [&] { main.operations().AddSubnet(number(1), number(2)); }},
-        {u"close"_qs, [&] { form(words[1]).close(); }},
-        {u"answer"_qs, [&] { boxes.otherwise = words[1] == u"Yes" ? Answer::Yes : Answer::No; }},
-        // What only a file can bring about, or a slip.
-        {u"record"_qs,
-         [&] {
-           vnb::at(Systems, number(1)) = {number(2), number(3), number(4), number(5),
-                                          number(6), number(7), number(8), rest(9)};
-         }},
-        {u"text"_qs, [&] { DataItems.push_back({.lNum = number(1), .sText = rest(2)}); }},
-        {u"level"_qs, [&] { vnb::at(Links, number(1)).lSecur = number(2); }},
-        {u"spriteless"_qs, [&] { Systems.emplace_back().lType = number(1); }},
-        {u"selected"_qs, [&] { lSelectedItem = number(1); }}};
-    const auto verb = verbs.find(words[0]);
-    const QString act = words.join(u' ');
-    if (verb != verbs.end())
-      verb->second();
-    else if (act.startsWith(u"frmMain."))
-      use(main, act.section(u'.', 1).toStdString());
-    else
-      use(form(act.section(u'.', 0, 0)), act.section(u'.', 1).toStdString());
-  }
-
-  std::map<QString, QString> state() {
-    std::map<QString, QString> out{{u"selected"_qs, QString::number(lSelectedItem)}};
-    main.forms().forEachLoaded([&](FormWindow &each) {
-      for (const auto &[name, value] : facts(each))
-        out[each.objectName() + u'.' + name] = value;
-    });
-    int number = 0;
-    const auto enter = [&](const QString &name, const QString &value) {
-      if (!value.isEmpty())
-        out[name + u' ' + QString::number(number)] = value;
-      ++number;
-    };
-    for (const auto &[name, first, rows] : {std::tuple(u"system"_qs, 0, dumpSystems()),
-                                            {u"link"_qs, 1, dumpLinks()},
-                                            {u"subnet"_qs, 1, dumpSubnets()},
-                                            {u"text"_qs, 1, dumpData()}}) {
-      number = first;
-      for (const QString &row : QString::fromStdString(rows).split(u';'))
-        enter(name, row);
-    }
-    for (const QString &frame : QString::fromStdString(frames()).split(u';', Qt::SkipEmptyParts))
-      out[u"frame "_qs + frame.section(u' ', 0, 0)] = frame.section(u' ', 1);
-    number = 1;
-    for (std::int32_t i = 1; i <= surface().lneLink.UBound(); ++i) {
-      const Line &each = surface().lneLink(i);
-      enter(u"line"_qs, QStringLiteral("%1,%2-%3,%4%5")
-                            .arg(each.X1)
-                            .arg(each.Y1)
-                            .arg(each.X2)
-                            .arg(each.Y2)
-                            .arg(each.BorderColor == LinkSelColor ? u"!" : u""));
-    }
-    return out;
-  }
-
-  std::map<QString, QString> m_known = state();
-};
-
-TEST(PanelSession, GoesAsListed) {
-  useCodePage(1252);
-  std::optional<Session> session;
-  QStringList now;
-  for (const QString &line : listing("panels.txt")) {
-    if (line.startsWith(u"== "))
-      session.emplace();
-    now << (line.isEmpty() || line.startsWith(u'#') || line.startsWith(u'=') ? line
-                                                                             : session->line(line));
-  }
-  expectListed("panels.txt", now);
-}
 
 class Panels : public Gesture {
 protected:
@@ -160,15 +24,8 @@ protected:
     return controlOf<TextBox>(form<F>(), name);
   }
   template <class F>
-  std::string shown() {
-    return test::shown(form<F>());
-  }
-  template <class F>
   void use(const std::string &act) {
     test::use(form<F>(), act);
-  }
-  static std::string record(std::int32_t device) {
-    return QString::fromStdString(dumpSystems()).section(u';', device, device).toStdString();
   }
   /// Selects without the pointer: panels lie over the layout.
   void pick(std::int32_t device) { main.selection().SelectItem(device, SelectedColor, false); }
@@ -233,40 +90,6 @@ TEST_F(Panels, ABoxHoldsToItsLimitAndRoundsItsNumber) {
   DataItems.push_back({.lNum = hub, .sText = QStringLiteral("second")}); // as a file may
   data.clear();
   EXPECT_EQ(data.text(), u"second") << "not to be overwritten unseen";
-}
-
-TEST_F(Panels, EachSpotIsSetAndShownAtBothEnds) {
-  link(router, hub);
-  link(hub, terminal);
-  main.picLink_Click();
-  int spots = 0;
-  for (const double y : {0., .25, .5, .75, 1.})
-    for (const double x : {0., .25, .5, .75, 1.}) {
-      if (x > 0 && x < 1 && y > 0 && y < 1 && (x != .5 || y != .5))
-        continue;
-      const std::string spot = "optPosition" + std::to_string(spots++);
-      Links[1] = {0, .5, .5, 1, .3, .3, 1};
-      Links[2] = {1, .3, .3, 2, .5, .5, 1};
-      pick(hub);
-      for (const char *row : {"lstLinks=0", "lstLinks=1"}) {
-        use<frmLinks>(row);
-        use<frmLinks>(spot);
-      }
-      const QString place = doubleText(x) + u',' + doubleText(y);
-      EXPECT_EQ(dumpLinks(),
-                QStringLiteral("0@0.5,0.5-1@%1/1;1@%1-2@0.5,0.5/1").arg(place).toStdString());
-      const Line &to = surface().lneLink(1), &from = surface().lneLink(2);
-      EXPECT_EQ(QPointF(to.X2, to.Y2), QPointF(100 + 48 * x, 50 + 20 * y));
-      EXPECT_EQ(QPointF(from.X1, from.Y1), QPointF(to.X2, to.Y2));
-      pick(hub);
-      for (const char *row : {"lstLinks=1", "lstLinks=0"}) {
-        use<frmLinks>(row);
-        EXPECT_THAT(shown<frmLinks>(), EndsWith(" optSecur=0 optPosition=" + spot.substr(11) +
-                                                " txtX=" + doubleText(x).toStdString() +
-                                                " txtY=" + doubleText(y).toStdString()));
-      }
-    }
-  EXPECT_EQ(spots, 17);
 }
 
 /// What had the focus in a panel can't act once there is no device, nor on the next document.
