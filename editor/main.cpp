@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "editor/frmMain.h"
 #include "editor/termination.h"
+#include "widgets/application.h"
 #include "widgets/dialogs.h"
 #include "widgets/pictures.h"
 #include "widgets/style.h"
 
-#include <QApplication>
 #include <QIcon>
 #include <QSettings>
 
@@ -30,7 +30,7 @@ int main(int argc, char *argv[]) {
   // desktop serves X programs as well.
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "xcb;wayland");
-  QApplication application(argc, argv);
+  Application application(argc, argv);
   useStyle();
   QApplication::setApplicationDisplayName({});
   // By it the desktop finds the program's name and icon for its windows.

@@ -153,6 +153,16 @@ TEST_F(Controls, EnterPressesAButtonAndTurnsNoMark) {
   EXPECT_EQ(presses, 2) << "what was queued when it closed";
 }
 
+TEST_F(Controls, AnErrorThatNoHandlerReportsEndsNothing) {
+  Boxes boxes;
+  list->Click = [&] { throw RuntimeError(Fault::Overflow); };
+  clickRow(1);
+  EXPECT_THAT(boxes.texts, IsEmpty()) << "no box in the middle of an event";
+  QCoreApplication::processEvents();
+  EXPECT_THAT(boxes.texts, ElementsAre("6 Application.notify"));
+  EXPECT_EQ(list->ListIndex(), 1);
+}
+
 TEST_F(Controls, TakeNoLetterWithAltForText) {
   auto *box = add<TextBox>(form, QStringLiteral("box"));
   for (QWidget *control : {static_cast<QWidget *>(box), static_cast<QWidget *>(drop)})

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Runs the tests that need windows: offscreen, with Qt's own dialogs.
+#include "widgets/application.h"
 #include "widgets/style.h"
-
-#include <QApplication>
 
 #include <gmock/gmock.h>
 
@@ -11,7 +10,7 @@ int main(int argc, char *argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleMock(&argc, argv);
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-  const QApplication application(argc, argv);
+  const vnb::Application application(argc, argv);
   vnb::useStyle();
   return RUN_ALL_TESTS();
 }
