@@ -49,7 +49,7 @@ int LockRows::rowCount(const QModelIndex &parent) const {
 }
 
 QVariant LockRows::data(const QModelIndex &index, int role) const {
-  if (role != Qt::DisplayRole)
+  if (!index.isValid() || role != Qt::DisplayRole)
     return {};
   if (index.row() < m_none)
     return QStringLiteral("None");

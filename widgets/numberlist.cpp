@@ -34,7 +34,8 @@ public:
   }
 
   QVariant data(const QModelIndex &index, int role) const override {
-    return role == Qt::DisplayRole ? at(rows, index.row()).text() : QVariant();
+    // Ctrl+C asks for the current row, also where there is none.
+    return index.isValid() && role == Qt::DisplayRole ? at(rows, index.row()).text() : QVariant();
   }
 
   void reset(std::vector<NumberRow> newRows) {
