@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QImage>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -38,7 +39,7 @@ Control &controlOf(QWidget &form, const std::string &name) {
   return dynamic_cast<Control &>(*found);
 }
 
-/// Does as the user: "box=text", "list=row", "dropdown=text", "button".
+/// Does as the user: "box=text", "list=row" or its text, "dropdown=text", "button".
 inline void use(QWidget &form, const std::string &act) {
   auto &control = controlOf(form, act.substr(0, act.find('=')));
   const QString value = QString::fromStdString(act).section(u'=', 1);
@@ -48,26 +49,37 @@ inline void use(QWidget &form, const std::string &act) {
   } else if (auto *combo = dynamic_cast<QComboBox *>(&control)) {
     pick(*combo, combo->findText(value));
   } else if (auto *list = dynamic_cast<NumberList *>(&control)) {
-    pick(*list, value.toInt());
+    const auto found = std::ranges::find(list->rows(), value, &NumberRow::text);
+    pick(*list, found == list->rows().end() ? value.toInt()
+                                            : static_cast<int>(found - list->rows().begin()));
   } else {
     QTest::mouseClick(&control, Qt::LeftButton);
   }
 }
 
-/// "a,>b,c" with b picked.
+/// "a,>b,c" with b picked. Themes come in any order.
 inline QString rows(const NumberList &list) {
   QStringList out;
   for (int row = 0; const NumberRow &shown : list.rows())
     out << (row++ == list.ListIndex() ? u">"_qs : QString()) + shown.text();
+  if (list.objectName() == u"lstThemes")
+    std::ranges::sort(out, {}, [](const QString &row) { return row.mid(row.startsWith(u'>')); });
   return out.join(u',');
+}
+
+/// The colour in the middle of a control, as it is drawn.
+inline QColor seenIn(QWidget &control) {
+  const QImage image = control.grab().toImage();
+  return image.pixelColor(image.rect().center());
 }
 
 /// What a form shows, by its controls' names: texts, the labels that change, which row of which,
 /// and which buttons are on.
 inline std::vector<std::pair<QString, QString>> facts(const QWidget &form) {
-  static const QStringList labels{u"lblLinks"_qs, u"lblSubnets"_qs, u"lblNoDevice"_qs};
+  static const QStringList labels{u"lblLinks"_qs, u"lblSubnets"_qs, u"lblNoDevice"_qs,
+                                  u"lblName"_qs,  u"lblAuthor"_qs,  u"lblCurTheme"_qs};
   std::vector<std::pair<QString, QString>> out;
-  for (const QWidget *child : form.findChildren<QWidget *>()) {
+  for (QWidget *child : form.findChildren<QWidget *>()) {
     QString name = child->objectName();
     if (name.isEmpty() || name.startsWith(u"qt_") || !child->isVisibleTo(&form))
       continue;
@@ -80,6 +92,10 @@ inline std::vector<std::pair<QString, QString>> facts(const QWidget &form) {
       out.emplace_back(name, combo->currentText() + u" of "_qs + rows.join(u','));
     } else if (const auto *list = dynamic_cast<const NumberList *>(child)) {
       out.emplace_back(name, rows(*list));
+    } else if (const auto *page = qobject_cast<const QPlainTextEdit *>(child)) {
+      out.emplace_back(name, page->toPlainText());
+    } else if (name.startsWith(u"picColor")) {
+      out.emplace_back(name, seenIn(*child).name());
     } else if (const auto *label = qobject_cast<const QLabel *>(child)) {
       if (labels.contains(name))
         out.emplace_back(name, label->text());

@@ -1,9 +1,17 @@
 // SPDX-License-Identifier: MIT
 // What users do, step by step, and all that comes of it: in listings.
+#include "appearance/frmThemes.h"
+#include "appearance/theme.h"
 #include "gesture.h"
 #include "listing.h"
 #include "runtime/codepage.h"
+#include "shell/frmSettings.h"
 #include "widgets/drag.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QPainter>
+#include <QTimer>
 
 #include <map>
 #include <optional>
@@ -12,47 +20,77 @@ namespace vnb::test {
 namespace {
 
 /// A line for each step, which says what a user does and, behind an arrow, all that this changes:
-/// message boxes, panels, records, frames, lines, and what the pointer brings about.
+/// message boxes, dialogs, panels, records, frames, lines, looks, and what the pointer brings
+/// about.
 class Session : public Gesture {
 public:
   Session() {
-    gestures().openMenu = [this](std::int32_t Index, QPoint) { m_menu = QString::number(Index); };
+    gestures().openMenu = [this](std::int32_t Index, QPoint) {
+      m_changes << u"menu of "_qs + QString::number(Index);
+    };
+    showColourDialog = [this](const ColourDialog &dialog) {
+      m_changes << u"a colour instead of "_qs + QColor(dialog.start).name();
+      return colour;
+    };
+    BackgroundColor = 0;
+    GridColor = 0x404040;
+    GridRes = 20;
+    ShowGrid = LoadLastFile = false;
+    ThemeFile = ThemeName = QString();
+    main.view().linkColorChanged();
     m_known = state();
   }
-  ~Session() override { lSelectedItem = nothing; } // the next test makes its forms without a device
+  ~Session() override {
+    lSelectedItem = nothing; // the next test makes its forms without a device
+    showColourDialog = [](const ColourDialog &) { return std::nullopt; };
+    QDir(themesFolder()).removeRecursively();
+  }
   void TestBody() override {}
 
   /// Takes the step of a listed line, and returns the line as it is now.
   QString line(const QString &listed) {
     const QString step = listed.section(u" -> "_qs, 0, 0);
     take(step.split(u' '));
-    QStringList changes;
-    for (std::size_t i = 0; i < boxes.texts.size(); ++i) {
-      const MessageBox &box = boxes.boxes[i];
-      const bool report = box.icon == MessageBox::Icon::Critical;
-      changes << u'"' + QString::fromStdString(boxes.texts[i]) + u'"';
-      if (!report)
-        changes << u"titled "_qs + box.title +
-                       (box.buttons == MessageBox::Buttons::YesNo ? u", Yes or No"_qs : QString()) +
-                       (box.icon == MessageBox::Icon::Question ? u", a question"_qs : QString());
-    }
-    boxes.boxes.clear();
-    boxes.texts.clear();
-    if (!m_menu.isEmpty())
-      changes << u"menu of "_qs + std::exchange(m_menu, {});
-    auto now = state();
-    for (const auto &[name, value] : now)
-      if (const auto before = m_known.find(name);
-          before == m_known.end() || before->second != value)
-        changes << name + u'=' + value;
-    for (const auto &[name, value] : m_known)
-      if (!now.contains(name))
-        changes << u"no "_qs + name;
-    m_known = std::move(now);
-    return changes.empty() ? step : step + u" -> "_qs + changes.join(u" | "_qs);
+    QCoreApplication::processEvents();
+    note();
+    QString changes = std::exchange(m_changes, {}).join(u" | "_qs);
+    for (const auto &[path, name] : {std::pair(store.path(""), u"~"_qs),
+                                     {themesFolder(), u"themes"_qs},
+                                     {QStringLiteral(VNB_SAMPLES), u"samples"_qs}})
+      changes.replace(path, name);
+    return changes.isEmpty() ? step : step + u" -> "_qs + changes.replace(u'\n', u"\\n"_qs);
   }
 
 private:
+  using State = std::map<QString, QString>;
+
+  /// What is new since it was called last.
+  void note() {
+    for (const FileDialog &dialog : std::exchange(dialogs, {}))
+      m_changes << dialog.owner->objectName() + u": "_qs + dialog.title + u" \""_qs +
+                       dialog.fileName + u"\" of "_qs + dialog.filter +
+                       (dialog.askBeforeOverwriting ? u", asks"_qs : QString());
+    for (const MessageBox &box : std::exchange(boxes.boxes, {})) {
+      const bool report = box.icon == MessageBox::Icon::Critical;
+      m_changes << u'"' + QString::fromStdString(boxes.texts.front()) + u'"';
+      boxes.texts.erase(boxes.texts.begin());
+      if (!report)
+        m_changes << u"titled "_qs + box.title +
+                         (box.buttons == MessageBox::Buttons::YesNo ? u", Yes or No"_qs
+                                                                    : QString()) +
+                         (box.icon == MessageBox::Icon::Question ? u", a question"_qs : QString());
+    }
+    State now = state();
+    for (const auto &[name, value] : now)
+      if (const auto before = m_known.find(name);
+          before == m_known.end() || before->second != value)
+        m_changes << name + u'=' + value;
+    for (const auto &[name, value] : m_known)
+      if (!now.contains(name) && (!name.contains(u'.') || now.contains(name.section(u'.', 0, 0))))
+        m_changes << u"no "_qs + name;
+    m_known = std::move(now);
+  }
+
   FormWindow &form(const QString &name) {
     FormWindow *found = nullptr;
     main.forms().forEachLoaded([&](FormWindow &each) {
@@ -62,6 +100,34 @@ private:
     if (found == nullptr)
       throw std::invalid_argument(name.toStdString());
     return *found;
+  }
+
+  /// A form, one of its controls, or what the main window has.
+  QWidget &target(const QString &path) {
+    if (path.contains(u'.'))
+      return controlOf(form(path.section(u'.', 0, 0)), path.section(u'.', 1).toStdString());
+    return path.startsWith(u"frm") && path != u"frmMain" ? form(path) : child(path);
+  }
+  QString pathOf(const QString &name) const {
+    return name.startsWith(u"samples/") ? QStringLiteral(VNB_SAMPLES) + name.mid(7)
+                                        : store.path(qUtf8Printable(name));
+  }
+  void key(QTest::KeyAction action, const QString &path, const QString &name) {
+    QWidget *on = &target(path);
+    if (on->isWindow() && on->focusWidget() != nullptr)
+      on = on->focusWidget();
+    const QKeyCombination keys = QKeySequence(name)[0];
+    QTest::keyEvent(action, on, keys.key(), keys.keyboardModifiers());
+  }
+  /// Makes a theme's file, a picture if it has a size.
+  static void themeFile(const QString &name, const QString &text, QSize picture) {
+    const QString path = themesFolder() + u'/' + name;
+    EXPECT_TRUE(QDir().mkpath(path.section(u'/', 0, -2)));
+    QFile file(path);
+    if (picture.isValid())
+      EXPECT_TRUE(QImage(picture, QImage::Format_RGB32).save(path));
+    else if (!text.isEmpty() && file.open(QIODevice::WriteOnly))
+      file.write(text.toUtf8());
   }
 
   static QPoint point(const QString &text) {
@@ -92,8 +158,46 @@ private:
         {u"remove"_qs, [&] { main.operations().RemoveSystem(number(1)); }},
         {u"link"_qs, [&] { link(number(1), number(2)); }},
         {u"subnet"_qs, [&] { main.operations().AddSubnet(number(1), number(2)); }},
-        {u"close"_qs, [&] { form(words[1]).close(); }},
         {u"answer"_qs, [&] { boxes.otherwise = words[1] == u"Yes" ? Answer::Yes : Answer::No; }},
+        // Forms and their controls, and what is answered in dialogs.
+        {u"show"_qs, [&] { show(words[1]); }},
+        {u"close"_qs, [&] { form(words[1]).close(); }},
+        {u"dialog"_qs, [&] { within(words[1], words.mid(2)); }},
+        {u"focus"_qs, [&] { target(words[1]).setFocus(); }},
+        {u"key"_qs, [&] { key(QTest::Click, words[1], words[2]); }},
+        {u"keydown"_qs, [&] { key(QTest::Press, words[1], words[2]); }},
+        {u"keyup"_qs, [&] { key(QTest::Release, words[1], words[2]); }},
+        {u"type"_qs, [&] { QTest::keyClicks(&target(words[1]), rest(2)); }},
+        {u"content"_qs, [&] { dynamic_cast<TextBox &>(target(words[1])).setContent(rest(2)); }},
+        {u"copy"_qs,
+         [&] { QGuiApplication::clipboard()->setText(rest(1).replace(u"\\n"_qs, u"\n"_qs)); }},
+        {u"paste"_qs, [&] { dynamic_cast<TextBox &>(target(words[1])).paste(); }},
+        {u"toggle"_qs, [&] { dynamic_cast<QAbstractButton &>(target(words[1])).toggle(); }},
+        {u"colour"_qs,
+         [&] { colour = words.size() > 1 ? std::optional(QColor(words[1]).rgb()) : std::nullopt; }},
+        // Files and themes.
+        {u"file"_qs,
+         [&] {
+           store.file(rest(2).replace(u"\\n"_qs, u"\r\n"_qs).toUtf8(), qUtf8Printable(words[1]));
+         }},
+        {u"open"_qs,
+         [&] { fileName = words.size() > 1 ? pathOf(words[1]) : QString(), main.picLoad_Click(); }},
+        {u"save"_qs,
+         [&] { fileName = words.size() > 1 ? pathOf(words[1]) : QString(), main.picSave_Click(); }},
+        {u"compare"_qs,
+         [&] {
+           m_changes << (Folder::bytes(pathOf(words[1])) == Folder::bytes(pathOf(words[2]))
+                             ? u"the same"_qs
+                             : u"another"_qs);
+         }},
+        {u"theme"_qs, [&] { themeFile(words[1] + u"/theme.xml"_qs, rest(2), {}); }},
+        {u"picture"_qs,
+         [&] {
+           themeFile(words[1], {}, {number(2), number(3)});
+         }},
+        {u"gone"_qs, [&] { QDir(themesFolder() + u'/' + words[1]).removeRecursively(); }},
+        {u"distance"_qs, [&] { GridRes = number(1); }},
+        {u"keep"_qs, [&] { userColour(words[1]) = toColour(QColor(words[2])); }},
         // Frames, as panels ask for them.
         {u"hint"_qs, [&] { main.selection().SelectItem(number(1), LinkSelColor, true); }},
         {u"lock"_qs, [&] { main.selection().showLock(number(1), number(2)); }},
@@ -125,59 +229,123 @@ private:
         {u"toolbox"_qs, [&] { toolbox(number(1)); }}};
     const auto verb = verbs.find(words[0]);
     const QString act = words.join(u' ');
-    if (verb != verbs.end())
-      verb->second();
-    else if (act.startsWith(u"frmMain."))
-      use(main, act.section(u'.', 1).toStdString());
-    else
-      use(form(act.section(u'.', 0, 0)), act.section(u'.', 1).toStdString());
+    verb != verbs.end()
+        ? verb->second()
+        : use(act.startsWith(u"frmMain.") ? main
+                                          : static_cast<QWidget &>(form(act.section(u'.', 0, 0))),
+              act.section(u'.', 1).toStdString());
   }
 
-  std::map<QString, QString> state() {
-    std::map<QString, QString> out{
-        {u"selected"_qs, QString::number(lSelectedItem)},
-        {u"status"_qs, QString::fromStdString(status())},
-        {u"scrolled"_qs, QStringLiteral("%1,%2").arg(surface().x()).arg(surface().y())},
-        {u"band"_qs, QString::fromStdString(band())}};
+  /// A form that is shown by its name, as a dialog without its loop.
+  void show(const QString &name) {
+    FormTable &forms = main.forms();
+    FormWindow &shown = name == u"frmSettings" ? static_cast<FormWindow &>(forms.get<frmSettings>())
+                                               : forms.get<frmThemes>();
+    shown.showOwned(&main);
+  }
+  /// Presses a button of the toolbar that opens a dialog, uses that, and closes it.
+  void within(const QString &button, const QStringList &acts) {
+    QTimer::singleShot(0, &main, [this, acts] {
+      const QPointer<QWidget> dialog = QApplication::activeModalWidget();
+      note();
+      for (const QString &act : acts)
+        use(*dialog, act.toStdString());
+      note();
+      if (dialog)
+        dialog->close();
+    });
+    use(main, button.toStdString());
+  }
+  static Colour &userColour(const QString &key) {
+    return *std::ranges::find(colourRows, key.toStdString(), &ColourRow::key)->colour;
+  }
+
+  State state() {
+    State out{{u"selected"_qs, QString::number(lSelectedItem)},
+              {u"status"_qs, QString::fromStdString(status())},
+              {u"scrolled"_qs, QStringLiteral("%1,%2").arg(surface().x()).arg(surface().y())},
+              {u"band"_qs, QString::fromStdString(band())},
+              {u"file"_qs, Cdlg.FileName}};
     if (Drag::instance().isActive())
       out[u"drag"_qs] = u"on"_qs;
+    addForms(out);
+    addDocument(out);
+    addDiagram(out);
+    addLook(out);
+    return out;
+  }
+  void addForms(State &out) {
     main.forms().forEachLoaded([&](FormWindow &each) {
       if (!each.isVisible())
         return;
+      out[each.objectName()] = u"open"_qs;
       for (const auto &[name, value] : facts(each))
         out[each.objectName() + u'.' + name] = value;
     });
-    int number = 0;
-    const auto enter = [&](const QString &name, const QString &value) {
-      if (!value.isEmpty())
-        out[name + u' ' + QString::number(number)] = value;
-      ++number;
-    };
+  }
+  static void addDocument(State &out) {
     for (const auto &[name, first, rows] : {std::tuple(u"system"_qs, 0, dumpSystems()),
                                             {u"link"_qs, 1, dumpLinks()},
                                             {u"subnet"_qs, 1, dumpSubnets()},
-                                            {u"text"_qs, 1, dumpData()}}) {
-      number = first;
-      for (const QString &row : QString::fromStdString(rows).split(u';'))
-        enter(name, row);
-    }
+                                            {u"text"_qs, 1, dumpData()}})
+      for (int number = first; const QString &row : QString::fromStdString(rows).split(u';')) {
+        if (!row.isEmpty())
+          out[name + u' ' + QString::number(number)] = row;
+        ++number;
+      }
+    out[u"header"_qs] = QStringLiteral("%1,%2,%3,%4,%5")
+                            .arg(LanHeader.NAME, LanHeader.COMPANY, LanHeader.IP)
+                            .arg(LanHeader.XPOS)
+                            .arg(LanHeader.YPOS);
+  }
+  void addDiagram(State &out) {
     for (const QString &frame : QString::fromStdString(frames()).split(u';', Qt::SkipEmptyParts))
       out[u"frame "_qs + frame.section(u' ', 0, 0)] = frame.section(u' ', 1);
-    number = 1;
     for (std::int32_t i = 1; i <= surface().lneLink.UBound(); ++i) {
       const Line &each = surface().lneLink(i);
-      enter(u"line"_qs, QStringLiteral("%1,%2-%3,%4%5")
-                            .arg(each.X1)
-                            .arg(each.Y1)
-                            .arg(each.X2)
-                            .arg(each.Y2)
-                            .arg(each.BorderColor == LinkSelColor ? u"!" : u""));
+      out[u"line "_qs + QString::number(i)] =
+          QStringLiteral("%1,%2-%3,%4%5")
+              .arg(each.X1)
+              .arg(each.Y1)
+              .arg(each.X2)
+              .arg(each.Y2)
+              .arg(each.BorderColor == LinkSelColor ? u"!"
+                   : each.BorderColor == LinkColor  ? u""
+                                                    : u" of another colour");
     }
-    return out;
+  }
+  /// The grid as it is drawn, far from all devices.
+  void addLook(State &out) {
+    out[u"theme"_qs] = ThemeFile;
+    out[u"settings"_qs] = QStringLiteral("%1%2%3")
+                              .arg(ShowGrid ? u"grid, "_qs : QString())
+                              .arg(GridRes)
+                              .arg(LoadLastFile ? u", last"_qs : QString());
+    QStringList grid;
+    QImage row(100, 1, QImage::Format_RGB32);
+    QPainter painter(&row);
+    painter.translate(-2001, -1999);
+    surface().paint(painter, {2001, 1999, 100, 1});
+    for (int x = 0; x < row.width(); ++x)
+      if (row.pixel(x, 0) != row.pixel(1, 0))
+        grid << QString::number(x + 2001);
+    out[u"grid"_qs] =
+        grid.mid(0, 2).join(u',') + (grid.empty() ? QString() : u' ' + toQColor(GridColor).name());
+    out[u"ground"_qs] = row.pixelColor(1, 0).name();
+    for (const ColourRow &each : colourRows)
+      out[u"colour "_qs + QString::fromStdString(std::string(each.key))] =
+          toQColor(*each.colour).name();
+    for (const Line *each : {&surface().lneLink(0), &surface().lneXOR})
+      if (each->BorderColor != LinkColor)
+        out[u"another colour"_qs] = toQColor(each->BorderColor).name();
+    out[u"router"_qs] = QStringLiteral("%1x%2")
+                            .arg(surface().spriteRect(0).Width)
+                            .arg(surface().spriteRect(0).Height);
   }
 
-  std::map<QString, QString> m_known;
-  QString m_menu;
+  std::optional<QRgb> colour; // that the next colour dialog answers; none for a cancel
+  QStringList m_changes;
+  State m_known;
 };
 
 class Sessions : public testing::TestWithParam<const char *> {};
@@ -195,7 +363,9 @@ TEST_P(Sessions, GoAsListed) {
   expectListed(GetParam(), now);
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Sessions, testing::Values("panels.txt", "gestures.txt"));
+INSTANTIATE_TEST_SUITE_P(Of, Sessions,
+                         testing::Values("panels.txt", "gestures.txt", "settings.txt", "themes.txt",
+                                         "files.txt"));
 
 } // namespace
 } // namespace vnb::test
