@@ -2,7 +2,6 @@
 #include "appearance/images.h"
 #include "diagram/diagramoperations.h"
 #include "diagram/selection.h"
-#include "diagram/viewport.h"
 #include "gesture.h"
 #include "tools/samplelan.h"
 #include "widgets/pictures.h"
@@ -447,28 +446,6 @@ TEST(Line, IsCutToWhatIsSeen) {
       size += part.width() * part.height();
     EXPECT_LE(size, 70 * (length + 9)) << i;
   }
-}
-
-TEST(Viewport, LaysOutAndScrolls) {
-  QWidget form;
-  Viewport viewport(form);
-  const Surface &surface = viewport.picLayout();
-  viewport.layOut({538, 467}, 29);
-  EXPECT_EQ(surface.parentWidget()->geometry(), QRect(0, 29, 522, 422));
-  EXPECT_EQ(viewport.vsbScroll().geometry(), QRect(522, 29, 16, 422));
-  EXPECT_EQ(viewport.hsbScroll().geometry(), QRect(0, 451, 522, 16));
-  EXPECT_EQ(viewport.hsbScroll().maximum(), 2500 - 522);
-  EXPECT_EQ(viewport.vsbScroll().maximum(), 2500 - 422);
-  viewport.hsbScroll().setValue(1978);
-  viewport.vsbScroll().setValue(10);
-  EXPECT_EQ(surface.pos(), QPoint(-1978, -10));
-  viewport.layOut({1016, 467}, 29); // the maximum falls below the value
-  EXPECT_EQ(surface.pos(), QPoint(-1500, -10));
-  viewport.layOut({10, 467}, 29); // no room: left alone
-  EXPECT_EQ(surface.parentWidget()->geometry(), QRect(0, 29, 1000, 422));
-  viewport.layOut({4000, 3000}, 29);
-  EXPECT_EQ(surface.pos(), QPoint(0, 0));
-  EXPECT_EQ(viewport.hsbScroll().maximum(), 0);
 }
 
 } // namespace

@@ -4,11 +4,9 @@
 #include "gesture.h"
 #include "shell/frmSplash.h"
 
-#include <QHelpEvent>
 #include <QMenu>
 #include <QMessageBox>
 #include <QTimer>
-#include <QToolTip>
 
 #include <csignal>
 
@@ -69,17 +67,6 @@ TEST_F(Editor, ThinLinesPartTheToolbar) {
   for (const auto &[y, colour] :
        {std::pair(26, BackgroundColor), {27, SeparatorColor}, {28, BackgroundColor}})
     EXPECT_EQ(toolbar.pixelColor(0, y), toQColor(colour));
-}
-
-TEST_F(Editor, ToolTipsNameDevices) {
-  const auto tip = [this](QPoint at) {
-    QHelpEvent event(QEvent::ToolTip, at, surface().mapToGlobal(at));
-    QCoreApplication::sendEvent(&surface(), &event);
-    return QToolTip::text().toStdString();
-  };
-  EXPECT_EQ(tip({110, 60}) + tip({1, 1}), "HubRouter");
-  tip({400, 300}); // the bare surface
-  EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }
 
 /// A theme of the test's own, as no other is beside this program.

@@ -2,8 +2,8 @@
 /// Verbs for the controls of forms.
 #pragma once
 
+#include "shell/pagebutton.h"
 #include "support.h"
-#include "widgets/formtable.h"
 #include "widgets/numberlist.h"
 #include "widgets/textbox.h"
 
@@ -93,7 +93,16 @@ inline std::vector<std::pair<QString, QString>> facts(const QWidget &form) {
     } else if (const auto *list = dynamic_cast<const NumberList *>(child)) {
       out.emplace_back(name, rows(*list));
     } else if (const auto *page = qobject_cast<const QPlainTextEdit *>(child)) {
-      out.emplace_back(name, page->toPlainText());
+      out.emplace_back(name, page->toPlainText().left(99));
+    } else if (const auto *tab = dynamic_cast<const PageButton *>(child)) {
+      out.emplace_back(name, tab->isSelected() ? u"selected"_qs : u"shown"_qs);
+    } else if (name == u"picPreview") {
+      const QRect at = child->geometry();
+      out.emplace_back(name, QStringLiteral("%1x%2 at %3,%4")
+                                 .arg(at.width())
+                                 .arg(at.height())
+                                 .arg(at.x())
+                                 .arg(at.y()));
     } else if (name.startsWith(u"picColor")) {
       out.emplace_back(name, seenIn(*child).name());
     } else if (const auto *label = qobject_cast<const QLabel *>(child)) {
@@ -108,37 +117,5 @@ inline std::vector<std::pair<QString, QString>> facts(const QWidget &form) {
   }
   return out;
 }
-
-/// The same in a line.
-inline std::string shown(const QWidget &form) {
-  QStringList out;
-  for (const auto &[name, value] : facts(form))
-    out << name + u'=' + value;
-  return out.join(u' ').toStdString();
-}
-
-template <class T>
-class FormTest : public testing::Test {
-protected:
-  /// A form that is made of `parts`.
-  template <class... Parts>
-  explicit FormTest(Parts &...parts) : forms({FormTable::row<T>(parts...)}) {}
-
-  T &form() { return forms.get<T>(); }
-  bool isLoaded() { return forms.loaded<T>() != nullptr; }
-  template <class Control = QWidget>
-  Control &control(const std::string &name) {
-    return controlOf<Control>(form(), name);
-  }
-  std::string text(const char *label) { return control<QLabel>(label).text().toStdString(); }
-  void click(const std::string &name) { use(form(), name); }
-  /// The colour in the middle of a control, as it is drawn.
-  QColor seen(const char *name) {
-    const QImage image = control(name).grab().toImage();
-    return image.pixelColor(image.rect().center());
-  }
-
-  FormTable forms;
-};
 
 } // namespace vnb::test

@@ -174,9 +174,6 @@ public:
     pointer.release(button);
     return *this;
   }
-  Gesture &doubleClick(std::int32_t device, Qt::MouseButton button = Qt::LeftButton) {
-    return press(device, button).release().pressOn(button).release();
-  }
   void select(std::int32_t device) { press(device).release(); }
   /// Puts a device somewhere without a gesture.
   void put(std::int32_t device, int x, int y) { main.operations().MoveSystem(device, x, y); }

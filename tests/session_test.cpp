@@ -5,13 +5,18 @@
 #include "gesture.h"
 #include "listing.h"
 #include "runtime/codepage.h"
+#include "shell/frmAbout.h"
 #include "shell/frmSettings.h"
 #include "widgets/drag.h"
+#include "widgets/longmenu.h"
 
 #include <QClipboard>
 #include <QDir>
+#include <QHelpEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QTimer>
+#include <QToolTip>
 
 #include <map>
 #include <optional>
@@ -198,6 +203,15 @@ private:
         {u"gone"_qs, [&] { QDir(themesFolder() + u'/' + words[1]).removeRecursively(); }},
         {u"distance"_qs, [&] { GridRes = number(1); }},
         {u"keep"_qs, [&] { userColour(words[1]) = toColour(QColor(words[2])); }},
+        // A device's menu and one of its entries; what a place is called.
+        {u"menu"_qs, [&] { useMenu(number(1), rest(2)); }},
+        {u"tip"_qs, [&] { tellTip(point(words[1])); }},
+        {u"double"_qs,
+         [&] {
+           QTest::mouseDClick(&target(words[1]), Qt::LeftButton, {},
+                              point(words.value(2, u"1,1"_qs)));
+         }},
+        {u"resize"_qs, [&] { main.resize(number(1), number(2)); }},
         // Frames, as panels ask for them.
         {u"hint"_qs, [&] { main.selection().SelectItem(number(1), LinkSelColor, true); }},
         {u"lock"_qs, [&] { main.selection().showLock(number(1), number(2)); }},
@@ -239,9 +253,11 @@ private:
   /// A form that is shown by its name, as a dialog without its loop.
   void show(const QString &name) {
     FormTable &forms = main.forms();
-    FormWindow &shown = name == u"frmSettings" ? static_cast<FormWindow &>(forms.get<frmSettings>())
-                                               : forms.get<frmThemes>();
-    shown.showOwned(&main);
+    FormWindow *const form = name == u"frmAbout" ? static_cast<FormWindow *>(&forms.get<frmAbout>())
+                             : name == u"frmSettings"
+                                 ? static_cast<FormWindow *>(&forms.get<frmSettings>())
+                                 : &forms.get<frmThemes>();
+    form->showOwned(&main);
   }
   /// Presses a button of the toolbar that opens a dialog, uses that, and closes it.
   void within(const QString &button, const QStringList &acts) {
@@ -256,6 +272,44 @@ private:
     });
     use(main, button.toStdString());
   }
+  /// Captions, with what is greyed and what is checked.
+  static QString entries(const QMenu &menu) {
+    QStringList out;
+    if (const auto *links = dynamic_cast<const LongMenu *>(&menu))
+      for (const NumberRow &row : links->rows())
+        out << row.text();
+    else
+      for (const QAction *action : menu.actions())
+        out << (action->isSeparator() ? u"---"_qs : action->text()) +
+                   (action->isEnabled() ? QString() : u"(off)"_qs) +
+                   (action->isChecked() ? u"(on)"_qs : QString());
+    return out.join(u", "_qs);
+  }
+  /// Tells all entries, or runs the one of that text.
+  void useMenu(std::int32_t Index, const QString &entry) {
+    const auto menu = contextMenu.build(Index, main);
+    QStringList told{entries(*menu)};
+    for (QMenu *sub : menu->findChildren<QMenu *>()) {
+      Q_EMIT sub->aboutToShow();
+      Q_EMIT sub->aboutToShow(); // built anew, not added to
+      told << entries(*sub);
+      auto *links = dynamic_cast<LongMenu *>(sub);
+      if (links == nullptr)
+        continue;
+      const auto row = std::ranges::find(links->rows(), entry, &NumberRow::text);
+      if (row != links->rows().end())
+        return links->Click(*row);
+    }
+    for (QAction *action : menu->findChildren<QAction *>())
+      if (!entry.isEmpty() && action->text() == entry)
+        return action->trigger();
+    m_changes << told;
+  }
+  void tellTip(QPoint at) {
+    QHelpEvent event(QEvent::ToolTip, at, surface().mapToGlobal(at));
+    QCoreApplication::sendEvent(&surface(), &event);
+    m_changes << QToolTip::text();
+  }
   static Colour &userColour(const QString &key) {
     return *std::ranges::find(colourRows, key.toStdString(), &ColourRow::key)->colour;
   }
@@ -265,7 +319,12 @@ private:
               {u"status"_qs, QString::fromStdString(status())},
               {u"scrolled"_qs, QStringLiteral("%1,%2").arg(surface().x()).arg(surface().y())},
               {u"band"_qs, QString::fromStdString(band())},
-              {u"file"_qs, Cdlg.FileName}};
+              {u"file"_qs, Cdlg.FileName},
+              {u"view"_qs, QStringLiteral("%1x%2, goes to %3,%4")
+                               .arg(surface().parentWidget()->width())
+                               .arg(surface().parentWidget()->height())
+                               .arg(child<QScrollBar>("hsbScroll").maximum())
+                               .arg(child<QScrollBar>("vsbScroll").maximum())}};
     if (Drag::instance().isActive())
       out[u"drag"_qs] = u"on"_qs;
     addForms(out);

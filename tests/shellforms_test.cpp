@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frmSplash.h"
+#include "shell/versionlist.h"
 #include "support.h"
 #include "widgets/dialogs.h"
 
@@ -61,6 +62,24 @@ TEST(Splash, TheDotsGoRoundWhileItShows) {
   EXPECT_FALSE(tmrDots->isActive());
   splash.show();
   EXPECT_TRUE(tmrDots->isActive());
+}
+
+TEST(VersionList, NamesTheNumberOfEachChild) {
+  EXPECT_EQ(ownVersion(), u"6.2.5");
+  for (const auto &[xml, due] :
+       sides({"<versions/> -> ",
+              "<a><b number='6.2.5'>text<c number='no'/></b><d x='1' number=''/></a> -> 6.2.5;",
+              "<a><b number='1'/><b Number='2'/></a> -> A version in the list has no number."})) {
+    QFile file(versionListPath());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(xml.c_str());
+    file.close();
+    QString read;
+    const std::string error = raised([&] { read = readVersionList().join(u';'); });
+    EXPECT_EQ(read.toStdString() + error, due);
+  }
+  EXPECT_TRUE(QFile::remove(versionListPath()));
+  EXPECT_EQ(raised(readVersionList), "53");
 }
 
 } // namespace
