@@ -86,14 +86,17 @@ TEST_F(Gesture, TheLinksOfTheMenuAreWalkedAndPickedAsInAnyMenu) {
     EXPECT_FALSE(menu.isVisible());
   }
   menu.popup({});
+  const QImage none = list.grab().toImage();
   QTest::mouseMove(list.viewport(), rowAt(2));
   EXPECT_EQ(list.currentIndex().row(), 2);
+  EXPECT_NE(list.grab().toImage(), none) << "highlighted";
   QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, rowAt(1));
   EXPECT_THAT(picked, ElementsAre(6));
   EXPECT_EQ(list.height() / list.visualRect(list.model()->index(0, 0)).height(), 3);
   menu.setRows(std::vector<NumberRow>(5000, {u"Link from Isolation Bridge"_qs, 1, 12345}));
   menu.popup({});
   EXPECT_LT(menu.height(), main.screen()->size().height());
+  EXPECT_LE(list.height(), menu.height());
   EXPECT_GT(list.viewport()->width(),
             menu.fontMetrics().horizontalAdvance(u"Link from Isolation Bridge 12345"_qs));
 }

@@ -5,7 +5,7 @@
 #include "widgets/dialogs.h"
 
 #include <QApplication>
-#include <QDialog>
+#include <QFileDialog>
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
@@ -19,6 +19,7 @@ TEST(Dialogs, AskBeforeTheyOverwriteAndGoOnAfterNo) {
   Boxes boxes;
   QTimer::singleShot(0, [&] {
     auto *dialog = dynamic_cast<QDialog *>(QApplication::activeModalWidget());
+    EXPECT_EQ(dialog->property("acceptMode").toInt(), QFileDialog::AcceptSave);
     dialog->accept();
     EXPECT_TRUE(dialog->isVisible());
     boxes.otherwise = Answer::Yes;

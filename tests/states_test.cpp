@@ -4,6 +4,7 @@
 #include "appearance/images.h"
 #include "appearance/theme.h"
 #include "formtest.h"
+#include "listing.h"
 #include "shell/swatch.h"
 #include "widgets/controls.h"
 #include "widgets/dropdown.h"
@@ -134,6 +135,15 @@ TEST_P(States, CanBeSeen) {
     const QImage edge = resting.copy(is(control, check, radio) ? mark : line);
     if (control != picture)
       expect(*control, "border", 4.5, change(edge, ground(edge)));
+    if (auto *caption = qobject_cast<QAbstractButton *>(control);
+        is(control, button, check, radio, option)) {
+      const QString text = caption->text();
+      caption->setText({});
+      expect(*control, "text",
+             std::min(3., contrast(toQColor(TextColor).rgb(), toQColor(BackgroundColor).rgb())),
+             change(shot(*control), resting));
+      caption->setText(text);
+    }
     control->setFocus();
     if (control != bar)
       expect(*control, "focus", 3, change(resting, shot(*control)));
@@ -171,6 +181,59 @@ TEST_P(States, CanBeSeen) {
 INSTANTIATE_TEST_SUITE_P(Of, States,
                          testing::Values("default", "light", "contrast", "#3060C0 #FFFFFF",
                                          "#808080 #000000", "#000000 #000000"));
+
+/// The picture of a control without text: the ground, and how far from it other pixels are.
+QStringList drawn(const char *name, QWidget &control, QSize size) {
+  control.resize(size);
+  applyColours(control);
+  const QImage image = shot(control);
+  QStringList lines{QString::fromLatin1(name)};
+  for (int y = 0; y < image.height(); ++y) {
+    lines << QString();
+    for (int x = 0; x < image.width(); ++x) {
+      const int level = qGray(image.pixel(x, y));
+      lines.back() += level == 0 ? u'.' : level < 100 ? u'-' : level < 200 ? u'+' : u'#';
+    }
+  }
+  return lines;
+}
+
+TEST(Looks, AreAsListed) {
+  BackgroundColor = 0;
+  TextColor = 0xFFFFFF;
+  QStringList now;
+  QCheckBox check;
+  QRadioButton radio;
+  PushOption option(nullptr);
+  QPushButton button;
+  for (const auto &[name, mark] : std::initializer_list<std::pair<const char *, QAbstractButton *>>{
+           {"check", &check}, {"radio", &radio}, {"option", &option}, {"button", &button}}) {
+    now << drawn(name, *mark, {15, 15});
+    mark->setCheckable(mark != &button);
+    mark->setChecked(true);
+    now << drawn("turned on", *mark, {15, 15});
+    mark->setDown(true);
+    now << drawn("held", *mark, {15, 15});
+  }
+  DropDown drop(nullptr);
+  TextBox box(nullptr);
+  QFrame frame;
+  frame.setFrameStyle(QFrame::Box | QFrame::Plain);
+  now << drawn("drop", drop, {40, 20}) << drawn("box", box, {20, 8})
+      << drawn("frame", frame, {8, 6});
+  QScrollBar bar;
+  for (const Qt::Orientation along : {Qt::Vertical, Qt::Horizontal}) {
+    bar.setOrientation(along);
+    const QSize size = along == Qt::Vertical ? QSize(16, 60) : QSize(60, 16);
+    bar.setRange(0, 0);
+    now << drawn("nothing to scroll", bar, size);
+    bar.setRange(0, 20);
+    bar.setPageStep(10);
+    bar.setValue(5);
+    now << drawn("scrolled", bar, size);
+  }
+  expectListed("looks.txt", now);
+}
 
 } // namespace
 } // namespace vnb::test
