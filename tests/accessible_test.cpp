@@ -70,6 +70,9 @@ TEST_F(AccessibleSurface, ActionsDoWhatThePointerDoes) {
   act(1, QStringLiteral("link"));
   act(2, QStringLiteral("link"));
   EXPECT_EQ(names().back(), "Link 2: Modem 1 to Terminal 2");
+  EXPECT_EQ(lSelectedItem, 1) << "a link selects nothing";
+  Links[2].lTo = 9; // as a file may have it
+  EXPECT_EQ(names().back(), "Link 2: Modem 1 to no device");
   EXPECT_THAT(actions, ElementsAre(u"Press", u"ShowMenu", u"link"));
 }
 

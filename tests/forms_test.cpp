@@ -133,9 +133,9 @@ QStringList oddities(const QWidget &control) {
                                           {QPalette::Button, "button", BackgroundColor},
                                           {QPalette::WindowText, "foreground", TextColor},
                                           {QPalette::ButtonText, "caption", TextColor}})
-    if (const QColor now = control.palette().color(QPalette::Active, role);
-        now != toQColor(usual) && now != QApplication::palette().color(role))
-      out << QLatin1String(name) + u'=' + colourName(now);
+    if (const QColor now = control.palette().color(QPalette::Active, role); now != toQColor(usual))
+      out << QLatin1String(name) + u'=' +
+                 (now == QApplication::palette().color(role) ? u"unthemed"_qs : colourName(now));
   return out;
 }
 

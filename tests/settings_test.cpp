@@ -117,7 +117,7 @@ TEST_F(Settings, OnlyAStoredPlaceMovesTheWindow) {
 TEST_F(Settings, AHandWrittenPathIsTextAsItStands) {
   for (const auto &[line, path] :
        sides({"LastFile=/a,b;c.txt -> /a,b;c.txt", "  LastFile =  /a b.txt \r -> /a b.txt",
-              "LastFile=\" /a \" ->  /a ", "LastFile=\"/a\" \"b\" -> /a\" \"b",
+              "LastFile=\" /a \" ->  /a ", "LastFile=\"/a\" \"b\" -> /a\" \"b", "LastFile=\" -> \"",
               "LastFile=C:\\temp\\new -> C:\\temp\new",
               "LastFile=@Variant(\\0\\0\\0\\n\\0) -> @Variant(\\0\\0\\0\n\\0)",
               "LastFile=@DateTime(\\0\\0\\0\\x10) -> @DateTime(\\0\\0\\0\\x10)",
@@ -188,6 +188,8 @@ TEST_F(Settings, ANewStoreIsForItsUserAloneAndAnOldOneKeepsItsMode) {
   useFolder(folder->path("not/there/yet"));
   EXPECT_THAT(save(), IsEmpty()) << "a missing folder is made";
   EXPECT_EQ(mode("not/there/yet/VNB.ini"), 0x6000);
+  EXPECT_THAT(Folder::bytes(folder->path("not/there/yet/VNB.ini")).toStdString(),
+              StartsWith("[Colors]"));
   newStore();
   ASSERT_EQ(::chmod(QFile::encodeName(folder->file("a=1\n", "real.ini")), 0644), 0);
   ASSERT_TRUE(QFile::link(QStringLiteral("real.ini"), folder->path("VNB.ini")));
