@@ -6,7 +6,6 @@
 #include "tools/samplelan.h"
 #include "widgets/pictures.h"
 
-#include <QPaintEvent>
 #include <QPainter>
 
 #include <random>
@@ -68,20 +67,9 @@ protected:
     QCoreApplication::processEvents();
     const QRect seen = container.rect().translated(-surface.pos());
     EXPECT_LE(difference(onScreen(container), picture(seen)), 8);
-    const QRect area = std::exchange(repaints.area, {}).boundingRect();
-    std::ostringstream out;
-    out << area.x() << ',' << area.y() << ' ' << area.width() << 'x' << area.height();
-    return area.isEmpty() ? "" : area == seen ? "all" : out.str();
+    return areaText(std::exchange(repaints.area, {}).boundingRect(), seen);
   }
 
-  struct Repaints : QObject {
-    bool eventFilter(QObject * /*object*/, QEvent *event) override {
-      if (event->type() == QEvent::Paint)
-        area += static_cast<QPaintEvent *>(event)->region();
-      return false;
-    }
-    QRegion area;
-  };
   void PopulateLockBoxes() override { ++refills; }
 
   const Look look;
@@ -110,65 +98,6 @@ TEST_F(Diagram, EachDeviceShowsThePictureOfItsType) {
   EXPECT_EQ(sizes, "48x32 48x20 72x51 38x37 72x51 48x51 72x51 48x51 32x32 32x32 32x32 72x51 32x32 "
                    "32x32 72x51 72x51 ");
   EXPECT_THROW(LoadResPicture(QStringLiteral("NOSUCH")), RuntimeError);
-}
-
-/// What each change leaves of the lines, and where the window is painted anew for it.
-TEST_F(Diagram, LinesFollowAndNoMoreIsPaintedThanHasChanged) {
-  show();
-  for (const int lX : {200, 400, 600})
-    add(2, lX, 100);
-  for (const auto &[from, to] : {std::pair(0, 1), {1, 2}, {2, 3}, {3, 3}})
-    link(from, to);
-  repainted();
-  const std::string first = "24,16-224,110;", second = "224,110-424,110;",
-                    third = "424,110-624,110;", none = "624,110-624,110;";
-  const auto all = [](const Words &lines) {
-    std::string joined;
-    for (const std::string &line : lines)
-      joined += line;
-    return joined;
-  };
-  struct Row {
-    const char *what;
-    std::function<void()> change;
-    std::string lines, repainted;
-  };
-  for (const auto &[what, change, due, area] : std::vector<Row>{
-           {"add", [&] { add(9, 300, 300); }, all({first, second, third, none}), "299,299 34x34"},
-           {"link", [&] { operations.AddLink(0, 0, 1, 4, 0, .5, 1); },
-            all({first, second, third, none, "0,32-300,316;"}), "0,30 302x288"},
-           {"unlink", [&] { operations.RemoveLink(2, false); },
-            all({first, third, none, "0,32-300,316;"}), "222,108 204x4"},
-           {"later", [&] { operations.RemoveLink(2, true); },
-            all({first, third, none, "0,32-300,316;"}), ""},
-           {"lay", [&] { operations.RemoveLink(9, false); }, all({first, none, "0,32-300,316;"}),
-            "422,108 204x4"},
-           {"end", [&] { at(Links, 3).dToY = 0, operations.RefreshLine(3); },
-            all({first, none, "0,32-300,300;"}), "0,30 302x288"},
-           {"select", [&] { selection.SelectItem(1, SelectedColor, false); },
-            all({first, none, "0,32-300,300;"}), "199,99 50x22"},
-           {"pick", [&] { selection.pickLink(1); }, all({first, none, "0,32-300,300;"}),
-            "22,14 204x98"},
-           {"other", [&] { selection.SelectItem(0, SelectedColor, false); },
-            all({first, none, "0,32-300,300;"}), "0,0 249x121"},
-           {"retype", [&] { operations.ReplaceSystem(3, 4); }, all({first, none, "0,32-300,300;"}),
-            "599,99 50x39"},
-           {"move", [&] { operations.MoveSystem(3, 600, 200); },
-            all({first, "619,218.5-624,110;0,32-300,300;"}), "599,99 40x139"},
-           {"unlink", [&] { operations.RemoveLink(2, false); }, all({first, "0,32-300,300;"}),
-            "617,108 9x113"},
-           {"remove", [&] { operations.RemoveSystem(2); }, all({first, "0,32-300,300;"}),
-            "399,99 240x139"},
-           {"remove", [&] { operations.RemoveSystem(1); }, "0,32-300,300;", "22,14 617x224"},
-           {"deselect", [&] { selection.Deselect(); }, "0,32-300,300;", "0,0 49x33"},
-           {"clear", [&] { operations.ClearLAN(); }, "", "all"}}) {
-    change();
-    EXPECT_EQ(lines(), due) << what;
-    EXPECT_EQ(repainted(), area) << what;
-  }
-  EXPECT_EQ(surface.picSystem.UBound(), 0);
-  EXPECT_EQ(surface.spriteAt({401, 101}), -1);
-  EXPECT_THAT(boxes.texts, ElementsAre("9 modDeclares.RemoveFromLinkArray"));
 }
 
 TEST_F(Diagram, WhatCannotBeShownIsReportedAndStands) {

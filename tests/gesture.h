@@ -12,6 +12,7 @@
 #include "widgets/dialogs.h"
 
 #include <QComboBox>
+#include <QPaintEvent>
 #include <QPointer>
 #include <QScreen>
 #include <QTest>
@@ -59,6 +60,23 @@ inline int difference(const QImage &a, const QImage &b) {
 /// What the user sees of a window, painted when it was.
 inline QImage onScreen(QWidget &window) {
   return window.screen()->grabWindow(window.winId()).toImage();
+}
+
+/// Where a widget has been painted.
+struct Repaints : QObject {
+  bool eventFilter(QObject * /*object*/, QEvent *event) override {
+    if (event->type() == QEvent::Paint)
+      area += static_cast<QPaintEvent *>(event)->region();
+    return false;
+  }
+  QRegion area;
+};
+
+/// "x,y widthxheight", "all" for all that is `seen`, "" for nothing.
+inline std::string areaText(const QRect &area, const QRect &seen) {
+  std::ostringstream out;
+  out << area.x() << ',' << area.y() << ' ' << area.width() << 'x' << area.height();
+  return area.isEmpty() ? "" : area == seen ? "all" : out.str();
 }
 
 /// The user's pointer. While a button is held, everything goes to the window that was pressed.

@@ -52,6 +52,13 @@ public:
   }
   void TestBody() override {}
 
+  /// From here on each line also tells where the surface is painted anew.
+  void watchPainting() {
+    surface().installEventFilter(&m_repaints);
+    QCoreApplication::processEvents();
+    m_repaints.area = {};
+  }
+
   /// Takes the step of a listed line, and returns the line as it is now.
   QString line(const QString &listed) {
     const QString step = listed.section(u" -> "_qs, 0, 0);
@@ -85,6 +92,8 @@ private:
                                                                     : QString()) +
                          (box.icon == MessageBox::Icon::Question ? u", a question"_qs : QString());
     }
+    if (const QRect area = std::exchange(m_repaints.area, {}).boundingRect(); !area.isEmpty())
+      m_changes << u"painted "_qs + QString::fromStdString(areaText(area, seen())) + leftOver();
     State now = state();
     for (const auto &[name, value] : now)
       if (const auto before = m_known.find(name);
@@ -94,6 +103,17 @@ private:
       if (!now.contains(name) && (!name.contains(u'.') || now.contains(name.section(u'.', 0, 0))))
         m_changes << u"no "_qs + name;
     m_known = std::move(now);
+  }
+
+  QRect seen() { return surface().parentWidget()->rect().translated(-surface().pos()); }
+  /// Whether the window shows what a fresh painting would.
+  QString leftOver() {
+    QImage fresh(seen().size(), QImage::Format_RGB32);
+    QPainter painter(&fresh);
+    painter.translate(-seen().topLeft());
+    surface().paint(painter, seen());
+    const QRect place(surface().parentWidget()->mapTo(&main, QPoint()), seen().size());
+    return difference(onScreen(main).copy(place), fresh) > 8 ? u", with traces"_qs : QString();
   }
 
   FormWindow &form(const QString &name) {
@@ -162,6 +182,13 @@ private:
         {u"add"_qs, [&] { add(number(1), number(2), number(3)); }},
         {u"remove"_qs, [&] { main.operations().RemoveSystem(number(1)); }},
         {u"link"_qs, [&] { link(number(1), number(2)); }},
+        {u"unlink"_qs, [&] { main.operations().RemoveLink(number(1), words.size() > 2); }},
+        {u"retype"_qs, [&] { main.operations().ReplaceSystem(number(1), number(2)); }},
+        {u"end"_qs,
+         [&] {
+           vnb::at(Links, number(1)).dToY = words[2].toDouble();
+           main.operations().RefreshLine(number(1));
+         }},
         {u"subnet"_qs, [&] { main.operations().AddSubnet(number(1), number(2)); }},
         {u"answer"_qs, [&] { boxes.otherwise = words[1] == u"Yes" ? Answer::Yes : Answer::No; }},
         // Forms and their controls, and what is answered in dialogs.
@@ -216,6 +243,7 @@ private:
         {u"hint"_qs, [&] { main.selection().SelectItem(number(1), LinkSelColor, true); }},
         {u"lock"_qs, [&] { main.selection().showLock(number(1), number(2)); }},
         {u"valid"_qs, [&] { main.selection().showSubnet(number(1)); }},
+        {u"line"_qs, [&] { main.selection().pickLink(number(1)); }},
         {u"pick"_qs, [&] { main.selection().pickSubnet(number(1)); }},
         {u"unlock"_qs, [&] { main.selection().ClearLockHilites(); }},
         {u"unpick"_qs, [&] { main.selection().ClearSubnetHilites(); }},
@@ -405,6 +433,7 @@ private:
   std::optional<QRgb> colour; // that the next colour dialog answers; none for a cancel
   QStringList m_changes;
   State m_known;
+  Repaints m_repaints;
 };
 
 class Sessions : public testing::TestWithParam<const char *> {};
@@ -416,6 +445,8 @@ TEST_P(Sessions, GoAsListed) {
   for (const QString &line : listing(GetParam())) {
     if (line.startsWith(u"== "))
       session.emplace();
+    if (line.contains(u"painted anew"))
+      session->watchPainting();
     now << (line.isEmpty() || line.startsWith(u'#') || line.startsWith(u'=') ? line
                                                                              : session->line(line));
   }

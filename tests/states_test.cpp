@@ -216,10 +216,10 @@ TEST(Looks, AreAsListed) {
     now << drawn("held", *mark, {15, 15});
   }
   DropDown drop(nullptr);
-  TextBox box(nullptr);
+  TextBox textBox(nullptr);
   QFrame frame;
   frame.setFrameStyle(QFrame::Box | QFrame::Plain);
-  now << drawn("drop", drop, {40, 20}) << drawn("box", box, {20, 8})
+  now << drawn("drop", drop, {40, 20}) << drawn("box", textBox, {20, 8})
       << drawn("frame", frame, {8, 6});
   QScrollBar bar;
   for (const Qt::Orientation along : {Qt::Vertical, Qt::Horizontal}) {
