@@ -70,8 +70,6 @@ protected:
     return areaText(std::exchange(repaints.area, {}).boundingRect(), seen);
   }
 
-  void PopulateLockBoxes() override { ++refills; }
-
   const Look look;
   Boxes boxes;
   Repaints repaints;
@@ -80,7 +78,6 @@ protected:
   DiagramOperations operations{surface, *this};
   Selection selection{surface, *this};
   ReaderView view;
-  int refills = 0;
 };
 
 TEST_F(Diagram, EachDeviceShowsThePictureOfItsType) {
@@ -152,14 +149,6 @@ TEST_F(Diagram, PastTheLastNumberNoEndsTheReading) {
   operations.ClearLAN();
   open(sample("five-devices.txt"));
   EXPECT_EQ(surface.picSystem.UBound(), 4) << "the next file is read";
-}
-
-TEST_F(Diagram, LocksRefillTheBoxesUnlessAFileIsRead) {
-  add(2, 0, 0);
-  EXPECT_EQ(refills, 0);
-  add(9, 0, 0);
-  open(sample("company.txt"));
-  EXPECT_EQ(refills, 1);
 }
 
 TEST_F(Diagram, TheTopmostSpriteIsHit) {

@@ -22,22 +22,6 @@ TEST(SystemType, NamesLeadBackToTheirCode) {
     EXPECT_EQ(std::to_string(TypeFromName(QString::fromStdString(name))), code) << name;
 }
 
-TEST(SystemType, HasFourNames) {
-  Words names;
-  for (const std::int32_t code : {0, 3, 8, 10, 12, 17}) {
-    const QString plain = NameFromType(code, false);
-    names.push_back(
-        (ResIDFromType(code) + u' ' + plain + QStringLiteral(", ") + NameFromType(code, true))
-            .toStdString());
-    EXPECT_EQ(QString::fromLatin1(FileWord(code)), plain.toUpper());
-  }
-  EXPECT_THAT(names, ElementsAre("UNKNOWN NONE, Unknown device", "UNKNOWN Switch, Switch",
-                                 "AUTH Authentication, Authentication server",
-                                 "IB IsolationBridge, Isolation Bridge",
-                                 "UNKNOWN SessionKeyServer, Session key server",
-                                 "UNKNOWN NONE, Unknown device"));
-}
-
 TEST(Document, AddSystemMendsOnlyTheSecurityLevel) {
   DocumentOperations operations;
   operations.ClearLAN();

@@ -62,7 +62,7 @@ public:
   /// Takes the step of a listed line, and returns the line as it is now.
   QString line(const QString &listed) {
     const QString step = listed.section(u" -> "_qs, 0, 0);
-    take(step.split(u' '));
+    take({step.split(u' ')});
     QCoreApplication::processEvents();
     note();
     QString changes = std::exchange(m_changes, {}).join(u" | "_qs);
@@ -155,14 +155,6 @@ private:
       file.write(text.toUtf8());
   }
 
-  static QPoint point(const QString &text) {
-    return {text.section(u',', 0, 0).toInt(), text.section(u',', 1).toInt()};
-  }
-  static Qt::MouseButton button(const QStringList &words) {
-    return words.last() == u"right"    ? Qt::RightButton
-           : words.last() == u"middle" ? Qt::MiddleButton
-                                       : Qt::LeftButton;
-  }
   static void turnWheel(QWidget &on, QPoint angle, QPoint pixels, const QString &key) {
     const QPointF at(1, 1);
     QWheelEvent wheel(at, on.mapToGlobal(at), pixels, angle, {},
@@ -172,110 +164,157 @@ private:
     qApp->notify(&on, &wheel);
   }
 
-  void take(const QStringList &words) {
-    const auto number = [&](int i) { return words.value(i).toInt(); };
-    const auto rest = [&](int from) { return QStringList(words.mid(from)).join(u' '); };
-    const std::map<QString, std::function<void()>> verbs{
-        {u"select"_qs, [&] { main.selection().SelectItem(number(1), SelectedColor, false); }},
+  /// A step's verb, and what it is told.
+  struct Step {
+    QStringList words;
+
+    QString word(int i) const { return words.value(i); }
+    int number(int i) const { return word(i).toInt(); }
+    QString rest(int from) const { return QStringList(words.mid(from)).join(u' '); }
+    QPoint point(int i) const {
+      return {word(i).section(u',', 0, 0).toInt(), word(i).section(u',', 1).toInt()};
+    }
+    Qt::MouseButton button() const {
+      return words.last() == u"right"    ? Qt::RightButton
+             : words.last() == u"middle" ? Qt::MiddleButton
+                                         : Qt::LeftButton;
+    }
+  };
+  using Verbs = std::map<QString, std::function<void()>>;
+
+  Verbs documentVerbs(const Step &step) {
+    return {
+        {u"select"_qs, [&] { main.selection().SelectItem(step.number(1), SelectedColor, false); }},
         {u"deselect"_qs, [&] { main.selection().Deselect(); }},
         {u"new"_qs, [&] { main.picNew_Click(); }},
-        {u"add"_qs, [&] { add(number(1), number(2), number(3)); }},
-        {u"remove"_qs, [&] { main.operations().RemoveSystem(number(1)); }},
-        {u"link"_qs, [&] { link(number(1), number(2)); }},
-        {u"unlink"_qs, [&] { main.operations().RemoveLink(number(1), words.size() > 2); }},
-        {u"retype"_qs, [&] { main.operations().ReplaceSystem(number(1), number(2)); }},
+        {u"add"_qs, [&] { add(step.number(1), step.number(2), step.number(3)); }},
+        {u"remove"_qs, [&] { main.operations().RemoveSystem(step.number(1)); }},
+        {u"link"_qs, [&] { link(step.number(1), step.number(2)); }},
+        {u"unlink"_qs,
+         [&] { main.operations().RemoveLink(step.number(1), step.words.size() > 2); }},
+        {u"retype"_qs, [&] { main.operations().ReplaceSystem(step.number(1), step.number(2)); }},
         {u"end"_qs,
          [&] {
-           vnb::at(Links, number(1)).dToY = words[2].toDouble();
-           main.operations().RefreshLine(number(1));
+           vnb::at(Links, step.number(1)).dToY = step.word(2).toDouble();
+           main.operations().RefreshLine(step.number(1));
          }},
-        {u"subnet"_qs, [&] { main.operations().AddSubnet(number(1), number(2)); }},
-        {u"answer"_qs, [&] { boxes.otherwise = words[1] == u"Yes" ? Answer::Yes : Answer::No; }},
-        // Forms and their controls, and what is answered in dialogs.
-        {u"show"_qs, [&] { show(words[1]); }},
-        {u"close"_qs, [&] { form(words[1]).close(); }},
-        {u"dialog"_qs, [&] { within(words[1], words.mid(2)); }},
-        {u"focus"_qs, [&] { target(words[1]).setFocus(); }},
-        {u"key"_qs, [&] { key(QTest::Click, words[1], words[2]); }},
-        {u"keydown"_qs, [&] { key(QTest::Press, words[1], words[2]); }},
-        {u"keyup"_qs, [&] { key(QTest::Release, words[1], words[2]); }},
-        {u"type"_qs, [&] { QTest::keyClicks(&target(words[1]), rest(2)); }},
-        {u"content"_qs, [&] { dynamic_cast<TextBox &>(target(words[1])).setContent(rest(2)); }},
+        {u"subnet"_qs, [&] { main.operations().AddSubnet(step.number(1), step.number(2)); }},
+        {u"answer"_qs,
+         [&] { boxes.otherwise = step.word(1) == u"Yes" ? Answer::Yes : Answer::No; }}};
+  }
+  /// Forms and their controls, and what is answered in dialogs.
+  Verbs formVerbs(const Step &step) {
+    return {
+        {u"show"_qs, [&] { show(step.word(1)); }},
+        {u"close"_qs, [&] { form(step.word(1)).close(); }},
+        {u"dialog"_qs, [&] { within(step.word(1), step.words.mid(2)); }},
+        {u"focus"_qs, [&] { target(step.word(1)).setFocus(); }},
+        {u"key"_qs, [&] { key(QTest::Click, step.word(1), step.word(2)); }},
+        {u"keydown"_qs, [&] { key(QTest::Press, step.word(1), step.word(2)); }},
+        {u"keyup"_qs, [&] { key(QTest::Release, step.word(1), step.word(2)); }},
+        {u"type"_qs, [&] { QTest::keyClicks(&target(step.word(1)), step.rest(2)); }},
+        {u"content"_qs,
+         [&] { dynamic_cast<TextBox &>(target(step.word(1))).setContent(step.rest(2)); }},
         {u"copy"_qs,
-         [&] { QGuiApplication::clipboard()->setText(rest(1).replace(u"\\n"_qs, u"\n"_qs)); }},
-        {u"paste"_qs, [&] { dynamic_cast<TextBox &>(target(words[1])).paste(); }},
-        {u"toggle"_qs, [&] { dynamic_cast<QAbstractButton &>(target(words[1])).toggle(); }},
-        {u"colour"_qs,
-         [&] { colour = words.size() > 1 ? std::optional(QColor(words[1]).rgb()) : std::nullopt; }},
-        // Files and themes.
-        {u"file"_qs,
-         [&] {
-           store.file(rest(2).replace(u"\\n"_qs, u"\r\n"_qs).toUtf8(), qUtf8Printable(words[1]));
-         }},
-        {u"open"_qs,
-         [&] { fileName = words.size() > 1 ? pathOf(words[1]) : QString(), main.picLoad_Click(); }},
-        {u"save"_qs,
-         [&] { fileName = words.size() > 1 ? pathOf(words[1]) : QString(), main.picSave_Click(); }},
-        {u"compare"_qs,
-         [&] {
-           m_changes << (Folder::bytes(pathOf(words[1])) == Folder::bytes(pathOf(words[2]))
-                             ? u"the same"_qs
-                             : u"another"_qs);
-         }},
-        {u"theme"_qs, [&] { themeFile(words[1] + u"/theme.xml"_qs, rest(2), {}); }},
-        {u"picture"_qs,
-         [&] {
-           themeFile(words[1], {}, {number(2), number(3)});
-         }},
-        {u"gone"_qs, [&] { QDir(themesFolder() + u'/' + words[1]).removeRecursively(); }},
-        {u"distance"_qs, [&] { GridRes = number(1); }},
-        {u"keep"_qs, [&] { userColour(words[1]) = toColour(QColor(words[2])); }},
-        // A device's menu and one of its entries; what a place is called.
-        {u"menu"_qs, [&] { useMenu(number(1), rest(2)); }},
-        {u"tip"_qs, [&] { tellTip(point(words[1])); }},
-        {u"double"_qs,
-         [&] {
-           QTest::mouseDClick(&target(words[1]), Qt::LeftButton, {},
-                              point(words.value(2, u"1,1"_qs)));
-         }},
-        {u"resize"_qs, [&] { main.resize(number(1), number(2)); }},
-        // Frames, as panels ask for them.
-        {u"hint"_qs, [&] { main.selection().SelectItem(number(1), LinkSelColor, true); }},
-        {u"lock"_qs, [&] { main.selection().showLock(number(1), number(2)); }},
-        {u"valid"_qs, [&] { main.selection().showSubnet(number(1)); }},
-        {u"line"_qs, [&] { main.selection().pickLink(number(1)); }},
-        {u"pick"_qs, [&] { main.selection().pickSubnet(number(1)); }},
-        {u"unlock"_qs, [&] { main.selection().ClearLockHilites(); }},
-        {u"unpick"_qs, [&] { main.selection().ClearSubnetHilites(); }},
-        // What only a file can bring about, or a slip.
+         [&] { QGuiApplication::clipboard()->setText(step.rest(1).replace(u"\\n"_qs, u"\n"_qs)); }},
+        {u"paste"_qs, [&] { dynamic_cast<TextBox &>(target(step.word(1))).paste(); }},
+        {u"toggle"_qs, [&] { dynamic_cast<QAbstractButton &>(target(step.word(1))).toggle(); }},
+        {u"colour"_qs, [&] {
+           colour =
+               step.words.size() > 1 ? std::optional(QColor(step.word(1)).rgb()) : std::nullopt;
+         }}};
+  }
+  /// Files and themes.
+  Verbs fileVerbs(const Step &step) {
+    return {{u"file"_qs,
+             [&] {
+               store.file(step.rest(2).replace(u"\\n"_qs, u"\r\n"_qs).toUtf8(),
+                          qUtf8Printable(step.word(1)));
+             }},
+            {u"open"_qs,
+             [&] {
+               fileName = step.words.size() > 1 ? pathOf(step.word(1)) : QString(),
+               main.picLoad_Click();
+             }},
+            {u"save"_qs,
+             [&] {
+               fileName = step.words.size() > 1 ? pathOf(step.word(1)) : QString(),
+               main.picSave_Click();
+             }},
+            {u"compare"_qs,
+             [&] {
+               m_changes << (Folder::bytes(pathOf(step.word(1))) ==
+                                     Folder::bytes(pathOf(step.word(2)))
+                                 ? u"the same"_qs
+                                 : u"another"_qs);
+             }},
+            {u"theme"_qs, [&] { themeFile(step.word(1) + u"/theme.xml"_qs, step.rest(2), {}); }},
+            {u"picture"_qs,
+             [&] {
+               themeFile(step.word(1), {}, {step.number(2), step.number(3)});
+             }},
+            {u"gone"_qs, [&] { QDir(themesFolder() + u'/' + step.word(1)).removeRecursively(); }},
+            {u"distance"_qs, [&] { GridRes = step.number(1); }},
+            {u"keep"_qs, [&] { userColour(step.word(1)) = toColour(QColor(step.word(2))); }}};
+  }
+  /// A device's menu and one of its entries; what a place is called.
+  Verbs placeVerbs(const Step &step) {
+    return {{u"menu"_qs, [&] { useMenu(step.number(1), step.rest(2)); }},
+            {u"tip"_qs, [&] { tellTip(step.point(1)); }},
+            {u"double"_qs,
+             [&] { QTest::mouseDClick(&target(step.word(1)), Qt::LeftButton, {}, step.point(2)); }},
+            {u"resize"_qs, [&] { main.resize(step.number(1), step.number(2)); }}};
+  }
+  /// Frames, as panels ask for them.
+  Verbs frameVerbs(const Step &step) {
+    return {{u"hint"_qs, [&] { main.selection().SelectItem(step.number(1), LinkSelColor, true); }},
+            {u"lock"_qs, [&] { main.selection().showLock(step.number(1), step.number(2)); }},
+            {u"valid"_qs, [&] { main.selection().showSubnet(step.number(1)); }},
+            {u"line"_qs, [&] { main.selection().pickLink(step.number(1)); }},
+            {u"pick"_qs, [&] { main.selection().pickSubnet(step.number(1)); }},
+            {u"unlock"_qs, [&] { main.selection().ClearLockHilites(); }},
+            {u"unpick"_qs, [&] { main.selection().ClearSubnetHilites(); }}};
+  }
+  /// What only a file can bring about, or a slip.
+  Verbs slipVerbs(const Step &step) {
+    return {
         {u"record"_qs,
          [&] {
-           vnb::at(Systems, number(1)) = {number(2), number(3), number(4), number(5),
-                                          number(6), number(7), number(8), rest(9)};
+           vnb::at(Systems, step.number(1)) = {step.number(2), step.number(3), step.number(4),
+                                               step.number(5), step.number(6), step.number(7),
+                                               step.number(8), step.rest(9)};
          }},
-        {u"text"_qs, [&] { DataItems.push_back({.lNum = number(1), .sText = rest(2)}); }},
-        {u"level"_qs, [&] { vnb::at(Links, number(1)).lSecur = number(2); }},
-        {u"spriteless"_qs, [&] { Systems.emplace_back().lType = number(1); }},
-        {u"selected"_qs, [&] { lSelectedItem = number(1); }},
-        // The pointer: a device or a control, and a place in it.
-        {u"press"_qs, [&] { press(number(1), button(words), point(words.value(2))); }},
-        {u"at"_qs, [&] { pressIn(child(words[1]), point(words[2]), button(words)); }},
-        {u"again"_qs, [&] { pressOn(button(words)); }},
-        {u"to"_qs, [&] { moveIn(child(words[1]), point(words[2])); }},
-        {u"release"_qs, [&] { words.size() > 1 ? release(button(words)) : release(); }},
+        {u"text"_qs, [&] { DataItems.push_back({.lNum = step.number(1), .sText = step.rest(2)}); }},
+        {u"level"_qs, [&] { vnb::at(Links, step.number(1)).lSecur = step.number(2); }},
+        {u"spriteless"_qs, [&] { Systems.emplace_back().lType = step.number(1); }},
+        {u"selected"_qs, [&] { lSelectedItem = step.number(1); }}};
+  }
+  /// The pointer: a device or a control, and a place in it.
+  Verbs pointerVerbs(const Step &step) {
+    return {
+        {u"press"_qs, [&] { press(step.number(1), step.button(), step.point(2)); }},
+        {u"at"_qs, [&] { pressIn(child(step.word(1)), step.point(2), step.button()); }},
+        {u"again"_qs, [&] { pressOn(step.button()); }},
+        {u"to"_qs, [&] { moveIn(child(step.word(1)), step.point(2)); }},
+        {u"release"_qs, [&] { step.words.size() > 1 ? release(step.button()) : release(); }},
         {u"lose"_qs, [&] { pointer.loseRelease(); }},
         {u"wheel"_qs,
-         [&] { turnWheel(child(words[1]), point(words[2]), point(words.value(3)), words.last()); }},
-        {u"scroll"_qs, [&] { child<QScrollBar>(words[1]).setValue(number(2)); }},
-        {u"put"_qs, [&] { put(number(1), number(2), number(3)); }},
-        {u"toolbox"_qs, [&] { toolbox(number(1)); }}};
-    const auto verb = verbs.find(words[0]);
-    const QString act = words.join(u' ');
-    verb != verbs.end()
-        ? verb->second()
-        : use(act.startsWith(u"frmMain.") ? main
-                                          : static_cast<QWidget &>(form(act.section(u'.', 0, 0))),
-              act.section(u'.', 1).toStdString());
+         [&] { turnWheel(child(step.word(1)), step.point(2), step.point(3), step.words.last()); }},
+        {u"scroll"_qs, [&] { child<QScrollBar>(step.word(1)).setValue(step.number(2)); }},
+        {u"put"_qs, [&] { put(step.number(1), step.number(2), step.number(3)); }},
+        {u"toolbox"_qs, [&] { toolbox(step.number(1)); }}};
+  }
+
+  void take(const Step &step) {
+    for (const auto verbsOf :
+         {&Session::documentVerbs, &Session::formVerbs, &Session::fileVerbs, &Session::placeVerbs,
+          &Session::frameVerbs, &Session::slipVerbs, &Session::pointerVerbs})
+      if (const Verbs verbs = (this->*verbsOf)(step); verbs.contains(step.word(0)))
+        return verbs.at(step.word(0))();
+    const QString act = step.rest(0);
+    const QString name = act.section(u'.', 0, 0);
+    use(name == u"frmMain" ? main : static_cast<QWidget &>(form(name)),
+        act.section(u'.', 1).toStdString());
   }
 
   /// A form that is shown by its name, as a dialog without its loop.

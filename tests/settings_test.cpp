@@ -59,13 +59,6 @@ protected:
   std::string told; // by the last box
 };
 
-TEST_F(Settings, AFirstRunReadsTheDefaults) {
-  EXPECT_THAT(load(), IsEmpty());
-  EXPECT_EQ(values(), defaults) << "whatever the theme says";
-  EXPECT_THAT(window.calls, ElementsAre("theme default"));
-  EXPECT_EQ(BackgroundColor, 0x123456) << "the theme's";
-}
-
 TEST_F(Settings, EveryKeyIsRead) {
   EXPECT_THAT(
       load("\xEF\xBB\xBF[Main]\nno value\nPosX=-75\nPosY=1500\nTheme=/themes/blue/theme.xml\n"
