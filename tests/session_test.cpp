@@ -24,6 +24,10 @@
 namespace vnb::test {
 namespace {
 
+constexpr std::array buttonTags{"NEW",   "LOAD",   "SAVE",   "ADD",      "INFO",
+                                "LINK",  "DEVICE", "SUBNET", "SETTINGS", "THEMES",
+                                "ABOUT", "ADDSUB", "DELSUB"};
+
 /// A line for each step, which says what a user does and, behind an arrow, all that this changes:
 /// message boxes, dialogs, panels, records, frames, lines, looks, and what the pointer brings
 /// about.
@@ -42,6 +46,8 @@ public:
     GridRes = 20;
     ShowGrid = LoadLastFile = false;
     ThemeFile = ThemeName = QString();
+    for (const char *tag : buttonTags)
+      main.view().loadButtonImages(QString::fromLatin1(tag), u"||"_qs);
     main.view().linkColorChanged();
     m_known = state();
   }
@@ -144,15 +150,25 @@ private:
     const QKeyCombination keys = QKeySequence(name)[0];
     QTest::keyEvent(action, on, keys.key(), keys.keyboardModifiers());
   }
-  /// Makes a theme's file, a picture if it has a size.
-  static void themeFile(const QString &name, const QString &text, QSize picture) {
+  /// Makes a theme's file; one that has a size is a picture, in the format that `bytes` name.
+  static void themeFile(const QString &name, const QByteArray &bytes, QSize picture = {}) {
     const QString path = themesFolder() + u'/' + name;
     EXPECT_TRUE(QDir().mkpath(path.section(u'/', 0, -2)));
     QFile file(path);
+    QImage image(picture, QImage::Format_RGB32);
+    image.fill(Qt::red);
     if (picture.isValid())
-      EXPECT_TRUE(QImage(picture, QImage::Format_RGB32).save(path));
-    else if (!text.isEmpty() && file.open(QIODevice::WriteOnly))
-      file.write(text.toUtf8());
+      EXPECT_TRUE(image.save(path, bytes.isEmpty() ? nullptr : bytes.constData()));
+    else if (!bytes.isEmpty() && file.open(QIODevice::WriteOnly))
+      file.write(bytes);
+  }
+  /// To a theme by its name, or by a path as it stands.
+  void switchTo(const QString &theme) {
+    const bool path = theme.contains(u':') || theme.contains(u'/');
+    const std::string error =
+        raised([&] { LoadTheme(path ? theme : themePath(theme), main.view()); });
+    if (!error.empty())
+      m_changes << QString::fromStdString(error);
   }
 
   static void turnWheel(QWidget &on, QPoint angle, QPoint pixels, const QString &key) {
@@ -226,36 +242,49 @@ private:
   }
   /// Files and themes.
   Verbs fileVerbs(const Step &step) {
-    return {{u"file"_qs,
-             [&] {
-               store.file(step.rest(2).replace(u"\\n"_qs, u"\r\n"_qs).toUtf8(),
-                          qUtf8Printable(step.word(1)));
-             }},
-            {u"open"_qs,
-             [&] {
-               fileName = step.words.size() > 1 ? pathOf(step.word(1)) : QString(),
-               main.picLoad_Click();
-             }},
-            {u"save"_qs,
-             [&] {
-               fileName = step.words.size() > 1 ? pathOf(step.word(1)) : QString(),
-               main.picSave_Click();
-             }},
-            {u"compare"_qs,
-             [&] {
-               m_changes << (Folder::bytes(pathOf(step.word(1))) ==
-                                     Folder::bytes(pathOf(step.word(2)))
-                                 ? u"the same"_qs
-                                 : u"another"_qs);
-             }},
-            {u"theme"_qs, [&] { themeFile(step.word(1) + u"/theme.xml"_qs, step.rest(2), {}); }},
-            {u"picture"_qs,
-             [&] {
-               themeFile(step.word(1), {}, {step.number(2), step.number(3)});
-             }},
-            {u"gone"_qs, [&] { QDir(themesFolder() + u'/' + step.word(1)).removeRecursively(); }},
-            {u"distance"_qs, [&] { GridRes = step.number(1); }},
-            {u"keep"_qs, [&] { userColour(step.word(1)) = toColour(QColor(step.word(2))); }}};
+    return {
+        {u"file"_qs,
+         [&] {
+           store.file(step.rest(2).replace(u"\\n"_qs, u"\r\n"_qs).toUtf8(),
+                      qUtf8Printable(step.word(1)));
+         }},
+        {u"open"_qs,
+         [&] {
+           fileName = step.words.size() > 1 ? pathOf(step.word(1)) : QString(),
+           main.picLoad_Click();
+         }},
+        {u"save"_qs,
+         [&] {
+           fileName = step.words.size() > 1 ? pathOf(step.word(1)) : QString(),
+           main.picSave_Click();
+         }},
+        {u"compare"_qs,
+         [&] {
+           m_changes << (Folder::bytes(pathOf(step.word(1))) == Folder::bytes(pathOf(step.word(2)))
+                             ? u"the same"_qs
+                             : u"another"_qs);
+         }},
+        {u"theme"_qs, [&] { themeFile(step.word(1) + u"/theme.xml"_qs, step.rest(2).toUtf8()); }},
+        {u"picture"_qs,
+         [&] {
+           themeFile(step.word(1), step.rest(4).toLatin1(), {step.number(2), step.number(3)});
+         }},
+        {u"pictures"_qs,
+         [&] {
+           for (int i = 2; i < step.words.size(); ++i)
+             themeFile(step.word(1) + u'/' + step.word(i) + u".png"_qs, {}, {i - 1, 1});
+         }},
+        {u"bytes"_qs,
+         [&] { themeFile(step.word(1), QByteArray::fromHex(step.rest(2).toLatin1())); }},
+        {u"half"_qs,
+         [&] {
+           const QByteArray whole = Folder::bytes(themesFolder() + u'/' + step.word(1));
+           themeFile(step.word(2), whole.first(whole.size() / 2));
+         }},
+        {u"switch"_qs, [&] { switchTo(step.rest(1)); }},
+        {u"gone"_qs, [&] { QDir(themesFolder() + u'/' + step.word(1)).removeRecursively(); }},
+        {u"distance"_qs, [&] { GridRes = step.number(1); }},
+        {u"keep"_qs, [&] { userColour(step.word(1)) = toColour(QColor(step.word(2))); }}};
   }
   /// A device's menu and one of its entries; what a place is called.
   Verbs placeVerbs(const Step &step) {
@@ -464,9 +493,20 @@ private:
     for (const Line *each : {&surface().lneLink(0), &surface().lneXOR})
       if (each->BorderColor != LinkColor)
         out[u"another colour"_qs] = toQColor(each->BorderColor).name();
-    out[u"router"_qs] = QStringLiteral("%1x%2")
-                            .arg(surface().spriteRect(0).Width)
-                            .arg(surface().spriteRect(0).Height);
+    QStringList pictures, buttons;
+    for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType) {
+      const QSize size = DeviceImages(lType).size();
+      pictures << QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+    }
+    for (const char *tag : buttonTags) {
+      const ButtonImageSet &set = ButtonImages(QString::fromLatin1(tag));
+      buttons << QStringLiteral("%1/%2/%3")
+                     .arg(set.Off.width())
+                     .arg(set.Over.width())
+                     .arg(set.Down.width());
+    }
+    out[u"pictures"_qs] = pictures.join(u' ');
+    out[u"buttons"_qs] = buttons.join(u' ');
   }
 
   std::optional<QRgb> colour; // that the next colour dialog answers; none for a cancel
