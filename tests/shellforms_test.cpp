@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLabel>
+#include <QMenu>
 #include <QTest>
 #include <QTimer>
 
@@ -30,6 +31,22 @@ TEST(Dialogs, AskBeforeTheyOverwriteAndGoOnAfterNo) {
             path);
   EXPECT_EQ(boxes.texts, Words(2, "<i>a.txt already exists.\nDo you want to replace it?"));
   EXPECT_EQ(boxes.boxes[0].preset, Answer::No);
+}
+
+TEST(Dialogs, LeaveInputToAMenuOfTheirOwnThatIsStillOpen) {
+  bool stuck = false;
+  QTimer::singleShot(0, [&] {
+    QMenu menu;
+    menu.addAction(QStringLiteral("entry"));
+    QTimer::singleShot(0, &menu, [&, dialog = QApplication::activeModalWidget()] {
+      QTimer::singleShot(1000, &menu, [&] { stuck = true, menu.close(); });
+      dialog->close(); // by the window manager
+      QTest::keyClick(menu.windowHandle(), Qt::Key_Escape);
+    });
+    menu.exec(QPoint());
+  });
+  EXPECT_EQ(showFileDialog({}), std::nullopt);
+  EXPECT_FALSE(stuck);
 }
 
 TEST(Dialogs, AreCancelledWhenTheirOwnerEnds) {

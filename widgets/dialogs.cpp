@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
+#include <QThread>
 
 #include <algorithm>
 
@@ -37,7 +38,7 @@ QWidget *asker() {
 
 /// A dialog that its owner's end may take along; for whoever waits it was then cancelled. What the
 /// user does between the answer and its getting there is dropped: it would change what the answer
-/// is about.
+/// is about. But not while a menu or box of the dialog's own is still open, which waits for it.
 template <class Dialog>
 class Shown : public QObject {
 public:
@@ -52,11 +53,13 @@ public:
   Dialog *operator->() const { return m_dialog; }
 
   bool eventFilter(QObject *target, QEvent *event) override {
-    return target->isWindowType() && event->isInputEvent();
+    const bool innermost = QThread::currentThread()->loopLevel() <= m_level;
+    return innermost && target->isWindowType() && event->isInputEvent();
   }
 
 private:
   QPointer<Dialog> m_dialog;
+  int m_level = QThread::currentThread()->loopLevel() + 1; // of the dialog's own loop
 };
 
 /// Tells a file's kind without reading it: some files keep a reader waiting for ever.
