@@ -84,6 +84,7 @@ TEST(Start, TakesWhatIsStoredAndTheEndStoresIt) {
            {"PosX=300\nPosY=450\n", {20, 30}, true},
            {"PosX=300\n", {20, 0}, false},
            {"PosY=450\n", {0, 30}, false},
+           {"PosX=300\nPosY=11925\n", {0, 0}, false}, // 5 pixels of the title bar
            {"PosX=-9000\nPosY=90\n", {0, 0}, false}}) {
     folder.file("[Main]\nTheme=" + theme + "\n" + place + "[Settings]\nGridRes=50\nLastFile=" +
                     last + (all ? "\nLoadLastFile=True\n" : "\nShowGrid=False\n"),

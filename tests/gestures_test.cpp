@@ -93,12 +93,14 @@ TEST_F(Gesture, TheLinksOfTheMenuAreWalkedAndPickedAsInAnyMenu) {
   QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, rowAt(1));
   EXPECT_THAT(picked, ElementsAre(6));
   EXPECT_EQ(list.height() / list.visualRect(list.model()->index(0, 0)).height(), 3);
-  menu.setRows(std::vector<NumberRow>(5000, {u"Link from Isolation Bridge"_qs, 1, 12345}));
+  std::vector<NumberRow> rows(5000, {u"Link from Hub"_qs, 1, 9});
+  rows[7].shown = 1234567890;
+  menu.setRows(rows);
   menu.popup({});
   EXPECT_LT(menu.height(), main.screen()->size().height());
   EXPECT_LE(list.height(), menu.height());
   EXPECT_GT(list.viewport()->width(),
-            menu.fontMetrics().horizontalAdvance(u"Link from Isolation Bridge 12345"_qs));
+            menu.fontMetrics().horizontalAdvance(u"Link from Hub 1234567890"_qs));
 }
 
 TEST_F(Gesture, TheMenuOpensAtARightClickAndRunsItsEntry) {

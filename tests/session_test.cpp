@@ -74,6 +74,7 @@ public:
     QString changes = std::exchange(m_changes, {}).join(u" | "_qs);
     for (const auto &[path, name] : {std::pair(store.path(""), u"~"_qs),
                                      {themesFolder(), u"themes"_qs},
+                                     {QCoreApplication::applicationDirPath(), u"program"_qs},
                                      {QStringLiteral(VNB_SAMPLES), u"samples"_qs}})
       changes.replace(path, name);
     return changes.isEmpty() ? step : step + u" -> "_qs + changes.replace(u'\n', u"\\n"_qs);
@@ -87,6 +88,7 @@ private:
     for (const FileDialog &dialog : std::exchange(dialogs, {}))
       m_changes << dialog.owner->objectName() + u": "_qs + dialog.title + u" \""_qs +
                        dialog.fileName + u"\" of "_qs + dialog.filter +
+                       (dialog.folder.isEmpty() ? QString() : u" in "_qs + dialog.folder) +
                        (dialog.askBeforeOverwriting ? u", asks"_qs : QString());
     for (const MessageBox &box : std::exchange(boxes.boxes, {})) {
       const bool report = box.icon == MessageBox::Icon::Critical;
@@ -416,6 +418,7 @@ private:
               {u"scrolled"_qs, QStringLiteral("%1,%2").arg(surface().x()).arg(surface().y())},
               {u"band"_qs, QString::fromStdString(band())},
               {u"file"_qs, Cdlg.FileName},
+              {u"title"_qs, Cdlg.FileTitle},
               {u"view"_qs, QStringLiteral("%1x%2, goes to %3,%4")
                                .arg(surface().parentWidget()->width())
                                .arg(surface().parentWidget()->height())
@@ -433,9 +436,12 @@ private:
     main.forms().forEachLoaded([&](FormWindow &each) {
       if (!each.isVisible())
         return;
-      out[each.objectName()] = u"open"_qs;
-      for (const auto &[name, value] : facts(each))
-        out[each.objectName() + u'.' + name] = value;
+      const bool themed = each.palette().color(QPalette::Window) == toQColor(BackgroundColor);
+      out[each.objectName()] = themed ? u"open"_qs : u"unthemed"_qs;
+      for (const auto &[name, value] : facts(each)) {
+        QString &fact = out[each.objectName() + u'.' + name];
+        fact += fact.isEmpty() ? value : u'+' + value;
+      }
     });
   }
   static void addDocument(State &out) {
@@ -505,6 +511,9 @@ private:
                      .arg(set.Over.width())
                      .arg(set.Down.width());
     }
+    for (const ToolbarButton &button : toolbarButtons())
+      if (child(button.name).sizeHint() != ButtonImages(QString::fromLatin1(button.tag)).Off.size())
+        buttons << QLatin1String(button.name) + u" shows another"_qs;
     out[u"pictures"_qs] = pictures.join(u' ');
     out[u"buttons"_qs] = buttons.join(u' ');
   }

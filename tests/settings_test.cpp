@@ -77,20 +77,21 @@ TEST_F(Settings, EveryKeyIsWrittenAsTextAndThoseOfOthersStay) {
   window.top = 16777215;
   ThemeFile = QStringLiteral("/themes/blue/theme.xml");
   LoadLastFile = true;
-  Cdlg.FileName = QStringLiteral("/lan.txt");
+  Cdlg.FileName = QStringLiteral("/l\ra\\\n.txt");
   Colour next = 1;
   for (Colour *colour : {&GridColor, &LinkColor, &LinkSelColor, &LockColor, &SelectedColor,
                          &SubnetColor, &SubnetSelColor})
     *colour = next++;
   SubnetSelColor = -1;
   EXPECT_THAT(save(), IsEmpty());
-  EXPECT_EQ(stored(),
-            "alone=2\n\n[]\nnone=0\n\n"
-            "[Colors]\nGrid=1\nLink=2\nLinkSel=3\nLock=4\nSelected=5\nSubnet=6\nSubnetSel=-1\n\n"
-            "[Main]\nPosX=-30\nPosY=16777215\nTheme=/themes/blue/theme.xml\n\n"
-            "[Other]\ndeep/key/b=\" x\"\n\n"
-            "[Settings]\nGridRes=-7\nLastFile=/lan.txt\nLoadLastFile=True\nShowGrid=False\n\n"
-            "[Zoo]\na=1\n");
+  EXPECT_EQ(
+      stored(),
+      "alone=2\n\n[]\nnone=0\n\n"
+      "[Colors]\nGrid=1\nLink=2\nLinkSel=3\nLock=4\nSelected=5\nSubnet=6\nSubnetSel=-1\n\n"
+      "[Main]\nPosX=-30\nPosY=16777215\nTheme=/themes/blue/theme.xml\n\n"
+      "[Other]\ndeep/key/b=\" x\"\n\n"
+      "[Settings]\nGridRes=-7\nLastFile=/l\\ra\\\\\\n.txt\nLoadLastFile=True\nShowGrid=False\n\n"
+      "[Zoo]\na=1\n");
 }
 
 TEST_F(Settings, OnlyAStoredPlaceMovesTheWindow) {
@@ -111,7 +112,7 @@ TEST_F(Settings, AHandWrittenPathIsTextAsItStands) {
   for (const auto &[line, path] :
        sides({"LastFile=/a,b;c.txt -> /a,b;c.txt", "  LastFile =  /a b.txt \r -> /a b.txt",
               "LastFile=\" /a \" ->  /a ", "LastFile=\"/a\" \"b\" -> /a\" \"b", "LastFile=\" -> \"",
-              "LastFile=C:\\temp\\new -> C:\\temp\new",
+              "LastFile=C:\\temp\\new\\r\\\\ -> C:\\temp\new\r\\",
               "LastFile=@Variant(\\0\\0\\0\\n\\0) -> @Variant(\\0\\0\\0\n\\0)",
               "LastFile=@DateTime(\\0\\0\\0\\x10) -> @DateTime(\\0\\0\\0\\x10)",
               "LastFile=/a\nLastFile=/b -> /b", "; LastFile=/a\n#LastFile=/b -> "})) {

@@ -21,6 +21,7 @@ TEST(Dialogs, AskBeforeTheyOverwriteAndGoOnAfterNo) {
   QTimer::singleShot(0, [&] {
     auto *dialog = dynamic_cast<QDialog *>(QApplication::activeModalWidget());
     EXPECT_EQ(dialog->property("acceptMode").toInt(), QFileDialog::AcceptSave);
+    EXPECT_EQ(dialog->property("fileMode").toInt(), QFileDialog::AnyFile);
     dialog->accept();
     EXPECT_TRUE(dialog->isVisible());
     boxes.otherwise = Answer::Yes;

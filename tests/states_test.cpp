@@ -5,6 +5,7 @@
 #include "appearance/theme.h"
 #include "formtest.h"
 #include "listing.h"
+#include "shell/pagebutton.h"
 #include "shell/swatch.h"
 #include "widgets/controls.h"
 #include "widgets/dropdown.h"
@@ -143,6 +144,16 @@ TEST_P(States, CanBeSeen) {
              std::min(3., contrast(toQColor(TextColor).rgb(), toQColor(BackgroundColor).rgb())),
              change(shot(*control), resting));
       caption->setText(text);
+      if (caption == button) {
+        button->setDown(true);
+        const QImage held = shot(*button);
+        button->setText({});
+        expect(*button, "held text",
+               std::min(3., contrast(toQColor(TextColor).rgb(), toQColor(BackgroundColor).rgb())),
+               change(shot(*button), held));
+        button->setText(text);
+        button->setDown(false);
+      }
     }
     control->setFocus();
     if (control != bar)
@@ -215,6 +226,14 @@ TEST(Looks, AreAsListed) {
     mark->setDown(true);
     now << drawn("held", *mark, {15, 15});
   }
+  Swatch colour(nullptr);
+  now << drawn("swatch", colour, {20, 15});
+  colour.setDown(true);
+  now << drawn("held", colour, {20, 15});
+  PageButton page(nullptr, {0xFFFFFF, 0xFFFFFF, 0x808080});
+  now << drawn("page", page, {20, 15});
+  page.setSelected(true);
+  now << drawn("open", page, {20, 15});
   DropDown drop(nullptr);
   TextBox textBox(nullptr);
   QFrame frame;
