@@ -86,8 +86,9 @@ TEST(Start, TakesWhatIsStoredAndTheEndStoresIt) {
            {"PosY=450\n", {0, 30}, false},
            {"PosX=300\nPosY=11925\n", {0, 0}, false}, // 5 pixels of the title bar
            {"PosX=-9000\nPosY=90\n", {0, 0}, false}}) {
-    folder.file("[Main]\nTheme=" + theme + "\n" + place + "[Settings]\nGridRes=50\nLastFile=" +
-                    last + (all ? "\nLoadLastFile=True\n" : "\nShowGrid=False\n"),
+    folder.file("[Main]\nTheme=" + theme + "\n" + place + "[Settings]\nGridRes=50\nShowGrid=" +
+                    (all ? "True" : "False") + (all || due.x() > 0 ? "\nLastFile=" + last : "") +
+                    (all || due.x() == 0 ? "\nLoadLastFile=True\n" : "\n"),
                 "VNB.ini");
     frmMain main;
     main.Form_Load();

@@ -106,8 +106,9 @@ inline std::vector<std::pair<QString, QString>> facts(const QWidget &form) {
     } else if (name.startsWith(u"picColor")) {
       out.emplace_back(name, seenIn(*child).name());
     } else if (const auto *label = qobject_cast<const QLabel *>(child)) {
-      if (labels.contains(name))
-        out.emplace_back(name, label->text());
+      if (labels.contains(name)) // one that has no room for its text has it as a tip
+        out.emplace_back(name, label->toolTip().isEmpty() ? label->text()
+                                                          : u"tip "_qs + label->toolTip());
     } else if (const auto *button = qobject_cast<const QAbstractButton *>(child)) {
       const QString number = name.section(QRegularExpression(u"\\D+"_qs), -1);
       name.chop(number.size());

@@ -45,6 +45,9 @@ protected:
     QCoreApplication::sendEvent(drop, &down);
   }
 
+  ~Controls() override { EXPECT_THAT(told.texts, IsEmpty()); }
+
+  const Boxes told;
   const Look look;
   FormWindow form{"form", "Form", {100, 100}};
   NumberList *list = add<NumberList>(form, QStringLiteral("list"));
@@ -74,12 +77,10 @@ TEST_F(Controls, AnArrowPicksTheRowThatItStartsFrom) {
   QTest::keyClick(list, Qt::Key_Down);
   EXPECT_EQ(list->ListIndex(), 1) << "the keys go on where it stood";
   list->setRows({});
-  const Boxes boxes;
   for (const auto key : {Qt::Key_Down, Qt::Key_C})
     QTest::keyClick(list, key, key == Qt::Key_C ? Qt::ControlModifier : Qt::NoModifier);
   QCoreApplication::processEvents();
   EXPECT_EQ(list->ListIndex(), -1);
-  EXPECT_THAT(boxes.texts, IsEmpty()) << "there is nothing to copy";
 }
 
 TEST_F(Controls, NoClickTakesAPickAwayAndAPickOfTheSameRowCounts) {
