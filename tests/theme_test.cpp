@@ -27,7 +27,7 @@ protected:
     LoadButtonImages(set, tag, files);
   }
 
-  const Folder folder;
+  Folder folder;
   ButtonImageSet set;
 };
 
