@@ -220,10 +220,10 @@ bool SaveLAN(const QString &sFileName) {
     return false;
   // Counted, as `reported` is true also where the user has gone on after a fault.
   int done = 0; // without an error
-  reported(
-      "frmMain", "SaveLAN", [&] { file.openForOutput(sFileName), ++done; },
-      [&] { file.write(text->bytes(), spoiltHead), ++done; }, [&] { file.flush(), ++done; },
-      [&] { file.close(), ++done; });
+  const auto step = [&](auto act) { return [&, act] { about(sFileName, act), ++done; }; };
+  reported("frmMain", "SaveLAN", step([&] { file.openForOutput(sFileName); }),
+           step([&] { file.write(text->bytes(), spoiltHead); }), step([&] { file.flush(); }),
+           step([&] { file.close(); }));
   return done == 4;
 }
 

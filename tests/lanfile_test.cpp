@@ -87,6 +87,9 @@ TEST_F(LanFile, SaveReportsWhatIsNotThere) {
   SaveLAN(folder.path("no/lan.txt"));
   EXPECT_THAT(boxes.texts, ElementsAre("61 frmMain.SaveLAN", "76 frmMain.SaveLAN",
                                        "52 frmMain.SaveLAN", "52 frmMain.SaveLAN"));
+  EXPECT_TRUE(boxes.boxes[0].text.contains(u"\n/dev/full\n"));
+  for (int i = 1; i < 4; ++i)
+    EXPECT_TRUE(boxes.boxes[std::size_t(i)].text.contains(folder.path("no/lan.txt")));
 }
 
 /// Killed between any two system calls, each of which fails once; or its power cut, when the first

@@ -10,8 +10,12 @@
 #include "widgets/textbox.h"
 
 #include <QCheckBox>
+#include <QHelpEvent>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -171,6 +175,17 @@ TEST_F(Controls, AnErrorThatNoHandlerReportsEndsNothing) {
   QCoreApplication::processEvents();
   EXPECT_THAT(picked, ElementsAre(0, 0)) << "no box in the middle of an event";
   EXPECT_EQ(boxes.texts, Words(2, "6 Application.notify"));
+}
+
+TEST_F(Controls, ShowNoTextAsHtml) {
+  const QString text = QStringLiteral("<img src='anything'>");
+  check->setToolTip(text);
+  QHelpEvent rest(QEvent::ToolTip, QPoint(1, 1), check->mapToGlobal(QPoint(1, 1)));
+  QCoreApplication::sendEvent(check, &rest);
+  EXPECT_EQ(QToolTip::text(), Qt::convertFromPlainText(text));
+  QMessageBox box(QMessageBox::Warning, {}, text); // as Qt's dialogs show them
+  box.show();
+  EXPECT_EQ(box.textFormat(), Qt::PlainText);
 }
 
 TEST_F(Controls, TakeNoLetterWithAltForText) {

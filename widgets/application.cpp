@@ -3,7 +3,16 @@
 
 #include "runtime/report.h"
 
+#include <QHelpEvent>
+#include <QMessageBox>
+#include <QTextDocument>
+#include <QToolTip>
+
 namespace vnb {
+
+Application::Application(int &argc, char **argv) : QApplication(argc, argv) {
+  installEventFilter(this);
+}
 
 bool Application::notify(QObject *receiver, QEvent *event) {
   try {
@@ -16,6 +25,23 @@ bool Application::notify(QObject *receiver, QEvent *event) {
     QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
     return true;
   }
+}
+
+bool Application::eventFilter(QObject *object, QEvent *event) {
+  if (event->type() == QEvent::ToolTip && object->isWidgetType())
+    return showPlainTip(*static_cast<QWidget *>(object), *static_cast<QHelpEvent *>(event));
+  // Before it is laid out, when a picture in its text would be read.
+  if (auto *box = qobject_cast<QMessageBox *>(object); event->type() == QEvent::Polish && box)
+    box->setTextFormat(Qt::PlainText);
+  return false;
+}
+
+/// Whether it was one that Qt would take for HTML.
+bool Application::showPlainTip(QWidget &widget, const QHelpEvent &event) {
+  if (!Qt::mightBeRichText(widget.toolTip()))
+    return false;
+  QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(widget.toolTip()), &widget);
+  return true;
 }
 
 } // namespace vnb

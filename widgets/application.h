@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-/// The program's event loop, past which no error goes.
+/// The program's event loop: what holds for every handler and every window, Qt's own too.
 #pragma once
 
 #include <QApplication>
+
+class QHelpEvent;
 
 namespace vnb {
 
@@ -10,11 +12,17 @@ namespace vnb {
 /// end the program, and the user's work with it. Here it becomes a report like any other. A net
 /// below the handlers, and no way for them: Qt's own frames in between are left without cleaning
 /// up.
+///
+/// No text is HTML, which could open any file: tool tips and message boxes show it as it stands.
 class Application : public QApplication {
 public:
-  using QApplication::QApplication;
+  Application(int &argc, char **argv);
 
   bool notify(QObject *receiver, QEvent *event) override;
+  bool eventFilter(QObject *object, QEvent *event) override;
+
+private:
+  static bool showPlainTip(QWidget &widget, const QHelpEvent &event);
 };
 
 } // namespace vnb

@@ -72,7 +72,7 @@ public:
   }
 };
 
-/// Asks before a file is overwritten in our own box: Qt's takes the file's name for HTML.
+/// Asks before a file is overwritten in our own box, behind which input is dropped as behind all.
 class QtFileDialog : public QFileDialog {
 public:
   using QFileDialog::QFileDialog;
@@ -146,8 +146,6 @@ Answer showMessageWindow(const MessageBox &box) {
   const Shown<QMessageBox> window(icon(box.icon), box.title, box.text,
                                   ask ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
                                   before.data());
-  // Error descriptions and device texts are not HTML.
-  window->setTextFormat(Qt::PlainText);
   if (ask && box.preset == Answer::No)
     window->setDefaultButton(QMessageBox::No);
   const int button = window->exec();
