@@ -18,6 +18,10 @@
 namespace vnb {
 namespace {
 
+RuntimeError tooLarge() {
+  return RuntimeError(Fault::OutOfMemory).about(QStringLiteral("A file has at most 32 MiB."));
+}
+
 /// A quota and a limit on the size of files are no full disk, but leave the user to do the same.
 RuntimeError systemError(int number) {
   switch (number) {
@@ -171,7 +175,7 @@ void File::openForOutput(const QString &path) {
 QByteArray File::readAll() {
   const off_t size = status().st_size;
   if (size > off_t{largest})
-    throw RuntimeError(Fault::OutOfMemory);
+    throw tooLarge();
   // One byte more than the size, so that the first read also finds the end of the file.
   QByteArray bytes(static_cast<qsizetype>(size) + 1, Qt::Uninitialized);
   qsizetype filled = 0;
@@ -183,7 +187,7 @@ QByteArray File::readAll() {
     if (got == 0)
       break;
     if (filled > qsizetype{largest})
-      throw RuntimeError(Fault::OutOfMemory);
+      throw tooLarge();
     // It has grown meanwhile, or has no size that is told, like those in /proc.
     if (filled == bytes.size())
       bytes.resize(filled * 2);
@@ -228,7 +232,7 @@ void File::writeAt(off_t at, std::string_view bytes) const {
 void File::write(std::string_view bytes, std::string_view spoilt) {
   m_whole = false;
   if (bytes.size() > largest)
-    throw RuntimeError(Fault::OutOfMemory);
+    throw tooLarge();
   if (S_ISREG(status().st_mode))
     replace(bytes, spoilt.substr(0, bytes.size()));
   else
