@@ -31,8 +31,9 @@ bool Application::eventFilter(QObject *object, QEvent *event) {
   if (event->type() == QEvent::ToolTip && object->isWidgetType())
     return showPlainTip(*static_cast<QWidget *>(object), *static_cast<QHelpEvent *>(event));
   // Before it is laid out, when a picture in its text would be read.
-  if (auto *box = qobject_cast<QMessageBox *>(object); event->type() == QEvent::Polish && box)
-    box->setTextFormat(Qt::PlainText);
+  if (event->type() == QEvent::Polish)
+    if (auto *box = qobject_cast<QMessageBox *>(object))
+      box->setTextFormat(Qt::PlainText);
   return false;
 }
 
