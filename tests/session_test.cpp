@@ -1,20 +1,17 @@
 // SPDX-License-Identifier: MIT
 // What users do, step by step, and all that comes of it: in listings.
 #include "appearance/frmThemes.h"
-#include "appearance/theme.h"
-#include "gesture.h"
+#include "changes.h"
 #include "listing.h"
 #include "runtime/codepage.h"
 #include "shell/frmAbout.h"
 #include "shell/frmSettings.h"
-#include "widgets/drag.h"
 #include "widgets/longmenu.h"
 
 #include <QClipboard>
 #include <QDir>
 #include <QHelpEvent>
 #include <QMenu>
-#include <QPainter>
 #include <QTimer>
 #include <QToolTip>
 
@@ -24,32 +21,17 @@
 namespace vnb::test {
 namespace {
 
-constexpr std::array buttonTags{"NEW",   "LOAD",   "SAVE",   "ADD",      "INFO",
-                                "LINK",  "DEVICE", "SUBNET", "SETTINGS", "THEMES",
-                                "ABOUT", "ADDSUB", "DELSUB"};
-
-/// A line for each step, which says what a user does and, behind an arrow, all that this changes:
-/// message boxes, dialogs, panels, records, frames, lines, looks, and what the pointer brings
-/// about.
-class Session : public Gesture {
+/// A line for each step, which says what a user does and, behind an arrow, all that this changes.
+class Session : public Changes {
 public:
   Session() {
     gestures().openMenu = [this](std::int32_t Index, QPoint) {
-      m_changes << u"menu of "_qs + QString::number(Index);
+      changes << u"menu of "_qs + QString::number(Index);
     };
     showColourDialog = [this](const ColourDialog &dialog) {
-      m_changes << u"a colour instead of "_qs + QColor(dialog.start).name();
+      changes << u"a colour instead of "_qs + QColor(dialog.start).name();
       return colour;
     };
-    BackgroundColor = 0;
-    GridColor = 0x404040;
-    GridRes = 20;
-    ShowGrid = LoadLastFile = false;
-    ThemeFile = ThemeName = QString();
-    for (const char *tag : buttonTags)
-      main.view().loadButtonImages(QString::fromLatin1(tag), u"||"_qs);
-    main.view().linkColorChanged();
-    m_known = state();
   }
   ~Session() override {
     lSelectedItem = nothing; // the next test makes its forms without a device
@@ -58,72 +40,22 @@ public:
   }
   void TestBody() override {}
 
-  /// From here on each line also tells where the surface is painted anew.
-  void watchPainting() {
-    surface().installEventFilter(&m_repaints);
-    QCoreApplication::processEvents();
-    m_repaints.area = {};
-  }
-
   /// Takes the step of a listed line, and returns the line as it is now.
   QString line(const QString &listed) {
     const QString step = listed.section(u" -> "_qs, 0, 0);
     take({step.split(u' ')});
     QCoreApplication::processEvents();
     note();
-    QString changes = std::exchange(m_changes, {}).join(u" | "_qs);
+    QString told = std::exchange(changes, {}).join(u" | "_qs);
     for (const auto &[path, name] : {std::pair(store.path(""), u"~"_qs),
                                      {themesFolder(), u"themes"_qs},
                                      {QCoreApplication::applicationDirPath(), u"program"_qs},
                                      {QStringLiteral(VNB_SAMPLES), u"samples"_qs}})
-      changes.replace(path, name);
-    return changes.isEmpty() ? step : step + u" -> "_qs + changes.replace(u'\n', u"\\n"_qs);
+      told.replace(path, name);
+    return told.isEmpty() ? step : step + u" -> "_qs + told.replace(u'\n', u"\\n"_qs);
   }
 
 private:
-  using State = std::map<QString, QString>;
-
-  /// What is new since it was called last.
-  void note() {
-    for (const FileDialog &dialog : std::exchange(dialogs, {}))
-      m_changes << dialog.owner->objectName() + u": "_qs + dialog.title + u" \""_qs +
-                       dialog.fileName + u"\" of "_qs + dialog.filter +
-                       (dialog.folder.isEmpty() ? QString() : u" in "_qs + dialog.folder) +
-                       (dialog.askBeforeOverwriting ? u", asks"_qs : QString());
-    for (const MessageBox &box : std::exchange(boxes.boxes, {})) {
-      const bool report = box.icon == MessageBox::Icon::Critical;
-      m_changes << u'"' + QString::fromStdString(boxes.texts.front()) + u'"';
-      boxes.texts.erase(boxes.texts.begin());
-      if (!report)
-        m_changes << u"titled "_qs + box.title +
-                         (box.buttons == MessageBox::Buttons::YesNo ? u", Yes or No"_qs
-                                                                    : QString()) +
-                         (box.icon == MessageBox::Icon::Question ? u", a question"_qs : QString());
-    }
-    if (const QRect area = std::exchange(m_repaints.area, {}).boundingRect(); !area.isEmpty())
-      m_changes << u"painted "_qs + QString::fromStdString(areaText(area, seen())) + leftOver();
-    State now = state();
-    for (const auto &[name, value] : now)
-      if (const auto before = m_known.find(name);
-          before == m_known.end() || before->second != value)
-        m_changes << name + u'=' + value;
-    for (const auto &[name, value] : m_known)
-      if (!now.contains(name) && (!name.contains(u'.') || now.contains(name.section(u'.', 0, 0))))
-        m_changes << u"no "_qs + name;
-    m_known = std::move(now);
-  }
-
-  QRect seen() { return surface().parentWidget()->rect().translated(-surface().pos()); }
-  /// Whether the window shows what a fresh painting would.
-  QString leftOver() {
-    QImage fresh(seen().size(), QImage::Format_RGB32);
-    QPainter painter(&fresh);
-    painter.translate(-seen().topLeft());
-    surface().paint(painter, seen());
-    const QRect place(surface().parentWidget()->mapTo(&main, QPoint()), seen().size());
-    return difference(onScreen(main).copy(place), fresh) > 8 ? u", with traces"_qs : QString();
-  }
-
   FormWindow &form(const QString &name) {
     FormWindow *found = nullptr;
     main.forms().forEachLoaded([&](FormWindow &each) {
@@ -170,7 +102,7 @@ private:
     const std::string error =
         raised([&] { LoadTheme(path ? theme : themePath(theme), main.view()); });
     if (!error.empty())
-      m_changes << QString::fromStdString(error);
+      changes << QString::fromStdString(error);
   }
 
   static void turnWheel(QWidget &on, QPoint angle, QPoint pixels, const QString &key) {
@@ -262,9 +194,9 @@ private:
          }},
         {u"compare"_qs,
          [&] {
-           m_changes << (Folder::bytes(pathOf(step.word(1))) == Folder::bytes(pathOf(step.word(2)))
-                             ? u"the same"_qs
-                             : u"another"_qs);
+           changes << (Folder::bytes(pathOf(step.word(1))) == Folder::bytes(pathOf(step.word(2)))
+                           ? u"the same"_qs
+                           : u"another"_qs);
          }},
         {u"theme"_qs, [&] { themeFile(step.word(1) + u"/theme.xml"_qs, step.rest(2).toUtf8()); }},
         {u"picture"_qs,
@@ -401,127 +333,18 @@ private:
     for (QAction *action : menu->findChildren<QAction *>())
       if (!entry.isEmpty() && action->text() == entry)
         return action->trigger();
-    m_changes << told;
+    changes << told;
   }
   void tellTip(QPoint at) {
     QHelpEvent event(QEvent::ToolTip, at, surface().mapToGlobal(at));
     QCoreApplication::sendEvent(&surface(), &event);
-    m_changes << QToolTip::text();
+    changes << QToolTip::text();
   }
   static Colour &userColour(const QString &key) {
     return *std::ranges::find(colourRows, key.toStdString(), &ColourRow::key)->colour;
   }
 
-  State state() {
-    State out{{u"selected"_qs, QString::number(lSelectedItem)},
-              {u"status"_qs, QString::fromStdString(status())},
-              {u"scrolled"_qs, QStringLiteral("%1,%2").arg(surface().x()).arg(surface().y())},
-              {u"band"_qs, QString::fromStdString(band())},
-              {u"file"_qs, Cdlg.FileName},
-              {u"title"_qs, Cdlg.FileTitle},
-              {u"view"_qs, QStringLiteral("%1x%2, goes to %3,%4")
-                               .arg(surface().parentWidget()->width())
-                               .arg(surface().parentWidget()->height())
-                               .arg(child<QScrollBar>("hsbScroll").maximum())
-                               .arg(child<QScrollBar>("vsbScroll").maximum())}};
-    if (Drag::instance().isActive())
-      out[u"drag"_qs] = u"on"_qs;
-    addForms(out);
-    addDocument(out);
-    addDiagram(out);
-    addLook(out);
-    return out;
-  }
-  void addForms(State &out) {
-    main.forms().forEachLoaded([&](FormWindow &each) {
-      if (!each.isVisible())
-        return;
-      const bool themed = each.palette().color(QPalette::Window) == toQColor(BackgroundColor);
-      out[each.objectName()] = themed ? u"open"_qs : u"unthemed"_qs;
-      for (const auto &[name, value] : facts(each)) {
-        QString &fact = out[each.objectName() + u'.' + name];
-        fact += fact.isEmpty() ? value : u'+' + value;
-      }
-    });
-  }
-  static void addDocument(State &out) {
-    for (const auto &[name, first, rows] : {std::tuple(u"system"_qs, 0, dumpSystems()),
-                                            {u"link"_qs, 1, dumpLinks()},
-                                            {u"subnet"_qs, 1, dumpSubnets()},
-                                            {u"text"_qs, 1, dumpData()}})
-      for (int number = first; const QString &row : QString::fromStdString(rows).split(u';')) {
-        if (!row.isEmpty())
-          out[name + u' ' + QString::number(number)] = row;
-        ++number;
-      }
-    out[u"header"_qs] = QStringLiteral("%1,%2,%3,%4,%5")
-                            .arg(LanHeader.NAME, LanHeader.COMPANY, LanHeader.IP)
-                            .arg(LanHeader.XPOS)
-                            .arg(LanHeader.YPOS);
-  }
-  void addDiagram(State &out) {
-    for (const QString &frame : QString::fromStdString(frames()).split(u';', Qt::SkipEmptyParts))
-      out[u"frame "_qs + frame.section(u' ', 0, 0)] = frame.section(u' ', 1);
-    for (std::int32_t i = 1; i <= surface().lneLink.UBound(); ++i) {
-      const Line &each = surface().lneLink(i);
-      out[u"line "_qs + QString::number(i)] =
-          QStringLiteral("%1,%2-%3,%4%5")
-              .arg(each.X1)
-              .arg(each.Y1)
-              .arg(each.X2)
-              .arg(each.Y2)
-              .arg(each.BorderColor == LinkSelColor ? u"!"
-                   : each.BorderColor == LinkColor  ? u""
-                                                    : u" of another colour");
-    }
-  }
-  /// The grid as it is drawn, far from all devices.
-  void addLook(State &out) {
-    out[u"theme"_qs] = ThemeFile;
-    out[u"settings"_qs] = QStringLiteral("%1%2%3")
-                              .arg(ShowGrid ? u"grid, "_qs : QString())
-                              .arg(GridRes)
-                              .arg(LoadLastFile ? u", last"_qs : QString());
-    QStringList grid;
-    QImage row(100, 1, QImage::Format_RGB32);
-    QPainter painter(&row);
-    painter.translate(-2001, -1999);
-    surface().paint(painter, {2001, 1999, 100, 1});
-    for (int x = 0; x < row.width(); ++x)
-      if (row.pixel(x, 0) != row.pixel(1, 0))
-        grid << QString::number(x + 2001);
-    out[u"grid"_qs] =
-        grid.mid(0, 2).join(u',') + (grid.empty() ? QString() : u' ' + toQColor(GridColor).name());
-    out[u"ground"_qs] = row.pixelColor(1, 0).name();
-    for (const ColourRow &each : colourRows)
-      out[u"colour "_qs + QString::fromStdString(std::string(each.key))] =
-          toQColor(*each.colour).name();
-    for (const Line *each : {&surface().lneLink(0), &surface().lneXOR})
-      if (each->BorderColor != LinkColor)
-        out[u"another colour"_qs] = toQColor(each->BorderColor).name();
-    QStringList pictures, buttons;
-    for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType) {
-      const QSize size = DeviceImages(lType).size();
-      pictures << QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
-    }
-    for (const char *tag : buttonTags) {
-      const ButtonImageSet &set = ButtonImages(QString::fromLatin1(tag));
-      buttons << QStringLiteral("%1/%2/%3")
-                     .arg(set.Off.width())
-                     .arg(set.Over.width())
-                     .arg(set.Down.width());
-    }
-    for (const ToolbarButton &button : toolbarButtons())
-      if (child(button.name).sizeHint() != ButtonImages(QString::fromLatin1(button.tag)).Off.size())
-        buttons << QLatin1String(button.name) + u" shows another"_qs;
-    out[u"pictures"_qs] = pictures.join(u' ');
-    out[u"buttons"_qs] = buttons.join(u' ');
-  }
-
   std::optional<QRgb> colour; // that the next colour dialog answers; none for a cancel
-  QStringList m_changes;
-  State m_known;
-  Repaints m_repaints;
 };
 
 class Sessions : public testing::TestWithParam<const char *> {};
