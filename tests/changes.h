@@ -98,12 +98,24 @@ private:
                                .arg(child<QScrollBar>("hsbScroll").maximum())
                                .arg(child<QScrollBar>("vsbScroll").maximum())}};
     if (Drag::instance().isActive())
-      out[u"drag"_qs] = u"on"_qs;
+      out[u"drag"_qs] = outline();
     addForms(out);
     addDocument(out);
     addDiagram(out);
     addLook(out);
     return out;
+  }
+  /// Of a drag: its size, and the beginning of its dashes.
+  static QString outline() {
+    for (QWidget *window : QApplication::topLevelWidgets())
+      if (window->windowFlags().testFlag(Qt::BypassWindowManagerHint)) {
+        const QImage image = window->grab().toImage();
+        QString dashes = QStringLiteral("%1x%2 ").arg(image.width()).arg(image.height());
+        for (int x = 0; x < 12; ++x)
+          dashes += image.pixelColor(x, 0) == Qt::white ? u'-' : u'.';
+        return dashes;
+      }
+    return u"without an outline"_qs;
   }
   void addForms(State &out) {
     main.forms().forEachLoaded([&](FormWindow &each) {

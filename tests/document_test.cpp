@@ -9,12 +9,14 @@ namespace vnb::test {
 namespace {
 
 TEST(SystemType, NamesLeadBackToTheirCode) {
-  for (std::int32_t code = 1; code <= SystemType::Last; ++code)
+  for (std::int32_t code = 1; code <= SystemType::Last; ++code) {
+    EXPECT_EQ(QString::fromLatin1(FileWord(code)), NameFromType(code, false).toUpper());
     for (const bool friendly : {false, true}) {
       const QString name = NameFromType(code, friendly);
       for (const QString &form : {name, name.toUpper(), name.toLower()})
         EXPECT_EQ(TypeFromName(form), code) << form.toStdString();
     }
+  }
   for (const auto &[name, code] :
        sides({"fax -> 15", "AUTH -> 8", "ib -> 10", "radiotransmiter -> 13",
               "sessionkey server -> 12", "Session Keyserver -> 12", " hub -> 0", "hub  -> 0",

@@ -20,6 +20,11 @@
 
 namespace vnb::test {
 
+/// Behind the names of a test's own themes: other programs of the same folder may have some, too.
+inline QString themeMark() {
+  return QStringLiteral("@%1").arg(QCoreApplication::applicationPid());
+}
+
 /// Picks a row as the user does, be it the one that shows.
 inline void pick(QComboBox &combo, int row) {
   combo.setCurrentIndex(row);
@@ -49,7 +54,9 @@ inline void use(QWidget &form, const std::string &act) {
   } else if (auto *combo = dynamic_cast<QComboBox *>(&control)) {
     pick(*combo, combo->findText(value));
   } else if (auto *list = dynamic_cast<NumberList *>(&control)) {
-    const auto found = std::ranges::find(list->rows(), value, &NumberRow::text);
+    const auto found = std::ranges::find_if(list->rows(), [&](const NumberRow &row) {
+      return row.text() == value || row.text() == value + themeMark();
+    });
     pick(*list, found == list->rows().end() ? value.toInt()
                                             : static_cast<int>(found - list->rows().begin()));
   } else {
@@ -62,8 +69,10 @@ inline QString rows(const NumberList &list) {
   QStringList out;
   for (int row = 0; const NumberRow &shown : list.rows())
     out << (row++ == list.ListIndex() ? u">"_qs : QString()) + shown.text();
-  if (list.objectName() == u"lstThemes")
+  if (list.objectName() == u"lstThemes") {
+    out = out.filter(themeMark());
     std::ranges::sort(out, {}, [](const QString &row) { return row.mid(row.startsWith(u'>')); });
+  }
   return out.join(u',');
 }
 

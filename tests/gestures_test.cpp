@@ -90,6 +90,10 @@ TEST_F(Gesture, TheLinksOfTheMenuAreWalkedAndPickedAsInAnyMenu) {
   QTest::mouseMove(list.viewport(), rowAt(2));
   EXPECT_EQ(list.currentIndex().row(), 2);
   EXPECT_NE(list.grab().toImage(), none) << "highlighted";
+  int ink = 0;
+  for (int x = 0; x < none.width(); ++x)
+    ink += none.pixel(x, none.height() / 6) == none.pixel(0, 0) ? 0 : 1;
+  EXPECT_GT(ink, 9) << "the text of the first entry";
   QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, rowAt(1));
   EXPECT_THAT(picked, ElementsAre(6));
   EXPECT_EQ(list.height() / list.visualRect(list.model()->index(0, 0)).height(), 3);

@@ -36,7 +36,9 @@ public:
   ~Session() override {
     lSelectedItem = nothing; // the next test makes its forms without a device
     showColourDialog = [](const ColourDialog &) { return std::nullopt; };
-    QDir(themesFolder()).removeRecursively();
+    for (const QFileInfo &own :
+         QDir(themesFolder()).entryInfoList({u'*' + themeMark()}, QDir::AllEntries | QDir::Hidden))
+      own.isDir() ? QDir(own.filePath()).removeRecursively() : QFile::remove(own.filePath());
   }
   void TestBody() override {}
 
@@ -49,6 +51,7 @@ public:
     QString told = std::exchange(changes, {}).join(u" | "_qs);
     for (const auto &[path, name] : {std::pair(store.path(""), u"~"_qs),
                                      {themesFolder(), u"themes"_qs},
+                                     {themeMark(), QString()},
                                      {QCoreApplication::applicationDirPath(), u"program"_qs},
                                      {QStringLiteral(VNB_SAMPLES), u"samples"_qs}})
       told.replace(path, name);
@@ -84,9 +87,15 @@ private:
     const QKeyCombination keys = QKeySequence(name)[0];
     QTest::keyEvent(action, on, keys.key(), keys.keyboardModifiers());
   }
+  /// A theme's folder or a file in it.
+  static QString ownTheme(const QString &name) {
+    const qsizetype end = name.indexOf(u'/');
+    return themesFolder() + u'/' + name.left(end) + themeMark() +
+           (end < 0 ? QString() : name.mid(end));
+  }
   /// Makes a theme's file; one that has a size is a picture, in the format that `bytes` name.
   static void themeFile(const QString &name, const QByteArray &bytes, QSize picture = {}) {
-    const QString path = themesFolder() + u'/' + name;
+    const QString path = ownTheme(name);
     EXPECT_TRUE(QDir().mkpath(path.section(u'/', 0, -2)));
     QFile file(path);
     QImage image(picture, QImage::Format_RGB32);
@@ -100,7 +109,7 @@ private:
   void switchTo(const QString &theme) {
     const bool path = theme.contains(u':') || theme.contains(u'/');
     const std::string error =
-        raised([&] { LoadTheme(path ? theme : themePath(theme), main.view()); });
+        raised([&] { LoadTheme(path ? theme : themePath(theme + themeMark()), main.view()); });
     if (!error.empty())
       changes << QString::fromStdString(error);
   }
@@ -212,11 +221,11 @@ private:
          [&] { themeFile(step.word(1), QByteArray::fromHex(step.rest(2).toLatin1())); }},
         {u"half"_qs,
          [&] {
-           const QByteArray whole = Folder::bytes(themesFolder() + u'/' + step.word(1));
+           const QByteArray whole = Folder::bytes(ownTheme(step.word(1)));
            themeFile(step.word(2), whole.first(whole.size() / 2));
          }},
         {u"switch"_qs, [&] { switchTo(step.rest(1)); }},
-        {u"gone"_qs, [&] { QDir(themesFolder() + u'/' + step.word(1)).removeRecursively(); }},
+        {u"gone"_qs, [&] { QDir(ownTheme(step.word(1))).removeRecursively(); }},
         {u"distance"_qs, [&] { GridRes = step.number(1); }},
         {u"keep"_qs, [&] { userColour(step.word(1)) = toColour(QColor(step.word(2))); }}};
   }

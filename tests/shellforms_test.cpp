@@ -56,7 +56,13 @@ TEST(Dialogs, AreCancelledWhenTheirOwnerEnds) {
     auto *owner = new QWidget;
     owner->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(owner));
-    QTimer::singleShot(0, [owner] { delete owner; });
+    QTimer::singleShot(0, [=] {
+      if (const QWidget *dialog = QApplication::activeModalWidget(); kind == 1) {
+        EXPECT_EQ(dialog->property("acceptMode").toInt(), QFileDialog::AcceptOpen);
+        EXPECT_EQ(dialog->property("fileMode").toInt(), QFileDialog::ExistingFile);
+      }
+      delete owner;
+    });
     EXPECT_TRUE(kind == 0   ? showMessageWindow(question) == Answer::No
                 : kind == 1 ? !showFileDialog({.owner = owner})
                             : !showColourDialog({.owner = owner}));
