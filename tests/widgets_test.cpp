@@ -188,6 +188,22 @@ TEST_F(Controls, ShowNoTextAsHtml) {
   EXPECT_EQ(box.textFormat(), Qt::PlainText);
 }
 
+TEST_F(Controls, OpenNoMenuWhileTheButtonIsHeld) {
+  auto *box = add<TextBox>(form, QStringLiteral("box"));
+  box->show();
+  for (const bool held : {true, false}) {
+    if (held)
+      QTest::mousePress(form.windowHandle(), Qt::LeftButton, {}, box->geometry().center());
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, {1, 1}, box->mapToGlobal(QPoint(1, 1)));
+    QCoreApplication::sendEvent(box, &key);
+    EXPECT_EQ(QApplication::activePopupWidget() == nullptr, held);
+    if (held)
+      QTest::mouseRelease(form.windowHandle(), Qt::LeftButton, {}, box->geometry().center());
+    else
+      QApplication::activePopupWidget()->close();
+  }
+}
+
 TEST_F(Controls, TakeNoLetterWithAltForText) {
   auto *box = add<TextBox>(form, QStringLiteral("box"));
   for (QWidget *control : {static_cast<QWidget *>(box), static_cast<QWidget *>(drop)})

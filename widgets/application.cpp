@@ -30,6 +30,9 @@ bool Application::notify(QObject *receiver, QEvent *event) {
 bool Application::eventFilter(QObject *object, QEvent *event) {
   if (event->type() == QEvent::ToolTip && object->isWidgetType())
     return showPlainTip(*static_cast<QWidget *>(object), *static_cast<QHelpEvent *>(event));
+  // A menu would take the release that a control waits for: a text would scroll on for ever.
+  if (event->type() == QEvent::ContextMenu && (mouseButtons() & Qt::LeftButton) != 0)
+    return true;
   // Before it is laid out, when a picture in its text would be read.
   if (event->type() == QEvent::Polish)
     if (auto *box = qobject_cast<QMessageBox *>(object))

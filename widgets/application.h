@@ -13,7 +13,8 @@ namespace vnb {
 /// below the handlers, and no way for them: Qt's own frames in between are left without cleaning
 /// up.
 ///
-/// No text is HTML, which could open any file: tool tips and message boxes show it as it stands.
+/// No text is HTML, which could open any file: tool tips and message boxes show it as it stands. No
+/// control's own menu opens while the left button is held.
 class Application : public QApplication {
 public:
   Application(int &argc, char **argv);
