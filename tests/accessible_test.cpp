@@ -58,6 +58,7 @@ TEST_F(AccessibleSurface, TellsPlacesAndSelection) {
   EXPECT_FALSE(modem->state().offscreen);
   EXPECT_TRUE(list().child(2)->state().offscreen) << "far out";
   EXPECT_FALSE(modem->state().selected);
+  EXPECT_TRUE(modem->state().selectable);
   select(1);
   EXPECT_TRUE(modem->state().selected);
   EXPECT_FALSE(list().child(0)->state().selected);

@@ -105,12 +105,16 @@ private:
     addLook(out);
     return out;
   }
-  /// Of a drag: its size, and the beginning of its dashes.
+  /// Of a drag: its size and place, and the beginning of its dashes.
   static QString outline() {
     for (QWidget *window : QApplication::topLevelWidgets())
       if (window->windowFlags().testFlag(Qt::BypassWindowManagerHint)) {
         const QImage image = window->grab().toImage();
-        QString dashes = QStringLiteral("%1x%2 ").arg(image.width()).arg(image.height());
+        QString dashes = QStringLiteral("%1x%2 at %3,%4 ")
+                             .arg(image.width())
+                             .arg(image.height())
+                             .arg(window->x())
+                             .arg(window->y());
         for (int x = 0; x < 12; ++x)
           dashes += image.pixelColor(x, 0) == Qt::white ? u'-' : u'.';
         return dashes;
