@@ -12,9 +12,13 @@
 
 namespace vnb::test {
 
-inline constexpr std::array buttonTags{"NEW",   "LOAD",   "SAVE",   "ADD",      "INFO",
-                                       "LINK",  "DEVICE", "SUBNET", "SETTINGS", "THEMES",
-                                       "ABOUT", "ADDSUB", "DELSUB"};
+/// Of all buttons that show a theme's pictures: the toolbar's, and those of the subnets.
+inline QStringList buttonTags() {
+  QStringList tags;
+  for (const ToolbarButton &button : toolbarButtons())
+    tags << QString::fromLatin1(button.tag);
+  return tags << u"ADDSUB"_qs << u"DELSUB"_qs;
+}
 
 /// The editor, and what is new in it since it was last asked: message boxes, dialogs, panels,
 /// records, frames, lines, looks, and what the pointer brings about.
@@ -26,8 +30,8 @@ public:
     GridRes = 20;
     ShowGrid = LoadLastFile = false;
     ThemeFile = ThemeName = QString();
-    for (const char *tag : buttonTags)
-      main.view().loadButtonImages(QString::fromLatin1(tag), u"||"_qs);
+    for (const QString &tag : buttonTags())
+      main.view().loadButtonImages(tag, u"||"_qs);
     main.view().linkColorChanged();
     m_known = state();
   }
@@ -193,8 +197,8 @@ private:
       const QSize size = DeviceImages(lType).size();
       pictures << QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
     }
-    for (const char *tag : buttonTags) {
-      const ButtonImageSet &set = ButtonImages(QString::fromLatin1(tag));
+    for (const QString &tag : buttonTags()) {
+      const ButtonImageSet &set = ButtonImages(tag);
       buttons << QStringLiteral("%1/%2/%3")
                      .arg(set.Off.width())
                      .arg(set.Over.width())

@@ -7,7 +7,6 @@
 
 #include <QListView>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 
