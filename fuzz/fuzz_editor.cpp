@@ -105,6 +105,7 @@ public:
   /// A new program with this file in it.
   void start(const std::string &file) {
     showMessageBox = [](const MessageBox &) { return Answer::No; };
+    clearEvents();
     m_main.forms().unload();
     clearEvents();
     m_main.picNew_Click();
@@ -347,6 +348,7 @@ private:
   std::unique_ptr<QMenu> rightClick(Choices &choices) {
     const std::int32_t device = choices.device();
     press(device, Qt::RightButton, {});
+    clearEvents(); // of the panels, before the menu comes and goes
     return m_menu.build(device, m_main);
   }
 
