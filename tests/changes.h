@@ -53,7 +53,8 @@ protected:
                      (dialog.askBeforeOverwriting ? u", asks"_qs : QString());
     for (const MessageBox &box : std::exchange(boxes.boxes, {})) {
       const bool report = box.icon == MessageBox::Icon::Critical;
-      changes << u'"' + QString::fromStdString(boxes.texts.front()) + u'"';
+      changes << u'"' + QString::fromStdString(boxes.texts.front()) + u'"' +
+                     (report ? u' ' + box.text.section(u'\n', 1, -3) : QString());
       boxes.texts.erase(boxes.texts.begin());
       if (!report)
         changes << u"titled "_qs + box.title +
@@ -92,6 +93,7 @@ private:
   State state() {
     State out{{u"selected"_qs, QString::number(lSelectedItem)},
               {u"status"_qs, QString::fromStdString(status())},
+              {u"place"_qs, QStringLiteral("%1,%2").arg(main.x()).arg(main.y())},
               {u"scrolled"_qs, QStringLiteral("%1,%2").arg(surface().x()).arg(surface().y())},
               {u"band"_qs, QString::fromStdString(band())},
               {u"file"_qs, Cdlg.FileName},

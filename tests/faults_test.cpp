@@ -4,14 +4,33 @@
 #include "appearance/images.h"
 #include "appearance/theme.h"
 #include "faults.h"
+#include "shell/cdlgex.h"
 #include "shell/settings.h"
-#include "shellsupport.h"
 
 #include <QHash>
 #include <QImage>
 
 namespace vnb::test {
 namespace {
+
+/// All settings as they are before any are read.
+void forgetAll() {
+  for (const ColourRow &row : colourRows)
+    *row.colour = 7;
+  ShowGrid = LoadLastFile = false;
+  GridRes = -7;
+  Cdlg.FileName = QStringLiteral("unread");
+  ThemeName = QString();
+}
+
+Words values() {
+  Words values{Cdlg.FileName.toStdString()};
+  for (const Colour value : {GridRes, Colour{ShowGrid}, Colour{LoadLastFile}})
+    values.push_back(std::to_string(value));
+  for (const ColourRow &row : userColours)
+    values.push_back(std::to_string(*row.colour));
+  return values;
+}
 
 /// A main window that takes every theme.
 class Window : public SettingsView {

@@ -126,7 +126,7 @@ private:
 class Gesture : public testing::Test {
 public:
   Gesture() {
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(store.path(".")));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(store.path("")));
     Cdlg = {};
     showFileDialog = [this](const FileDialog &dialog) -> std::optional<QString> {
       dialogs.push_back(dialog);

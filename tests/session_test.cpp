@@ -18,6 +18,8 @@
 #include <map>
 #include <optional>
 
+#include <sys/stat.h>
+
 namespace vnb::test {
 namespace {
 
@@ -78,6 +80,7 @@ private:
   }
   QString pathOf(const QString &name) const {
     return name.startsWith(u"samples/") ? QStringLiteral(VNB_SAMPLES) + name.mid(7)
+           : name.startsWith(u'/')      ? name
                                         : store.path(qUtf8Printable(name));
   }
   void key(QTest::KeyAction action, const QString &path, const QString &name) {
@@ -229,12 +232,52 @@ private:
         {u"distance"_qs, [&] { GridRes = step.number(1); }},
         {u"keep"_qs, [&] { userColour(step.word(1)) = toColour(QColor(step.word(2))); }}};
   }
+  /// The settings store, and what lies where it is looked for. "¶" is a line's end.
+  Verbs storeVerbs(const Step &step) {
+    const auto path = [&](int word) { return pathOf(step.word(word)); };
+    const auto fill = [&](QString text) {
+      text.replace(u'¶', u'\n').replace(u'~', store.path(""));
+      store.file(text.toUtf8(), "VNB.ini");
+    };
+    return {
+        {u"store"_qs, [=, &step] { fill(step.rest(1)); }},
+        {u"start"_qs,
+         [=, this, &step] {
+           if (step.words.size() > 1)
+             fill(QString::fromUtf8(Folder::bytes(path(1))));
+           main.Form_Load();
+         }},
+        {u"setting"_qs,
+         [=, this, &step] {
+           fill(u"Main/Theme=~/theme.xml¶"_qs + step.rest(1));
+           main.Form_Load();
+         }},
+        {u"finish"_qs, [&] { main.saveSettings(); }},
+        {u"stored"_qs,
+         [=, this] { changes << QString::fromUtf8(Folder::bytes(path(1))).replace(u'\n', u'¶'); }},
+        {u"config"_qs, [=] { qputenv("XDG_CONFIG_HOME", QFile::encodeName(path(1))); }},
+        {u"alias"_qs, [=, &step] { EXPECT_TRUE(QFile::link(step.word(2), path(1))); }},
+        {u"pipe"_qs, [=] { EXPECT_EQ(::mkfifo(QFile::encodeName(path(1)), 0600), 0); }},
+        {u"grow"_qs, [=, &step] { EXPECT_TRUE(QFile::resize(path(1), step.number(2))); }},
+        {u"delete"_qs, [=] { EXPECT_TRUE(QFile::remove(path(1))); }},
+        {u"allow"_qs,
+         [=, &step] {
+           EXPECT_TRUE(QFile::setPermissions(
+               path(1), QFile::Permissions::fromInt(step.word(2).toInt(nullptr, 16))));
+         }},
+        {u"mode"_qs, [=, this] {
+           const QFileInfo info(path(1));
+           changes << QString::number((info.permissions() & 0x7077).toInt(), 16) +
+                          (info.isSymLink() ? u", a link"_qs : QString());
+         }}};
+  }
   /// A device's menu and one of its entries; what a place is called.
   Verbs placeVerbs(const Step &step) {
     return {{u"menu"_qs, [&] { useMenu(step.number(1), step.rest(2)); }},
             {u"tip"_qs, [&] { tellTip(step.point(1)); }},
             {u"double"_qs,
              [&] { QTest::mouseDClick(&target(step.word(1)), Qt::LeftButton, {}, step.point(2)); }},
+            {u"moved"_qs, [&] { main.move(step.point(1)); }},
             {u"resize"_qs, [&] { main.resize(step.number(1), step.number(2)); }}};
   }
   /// Frames, as panels ask for them.
@@ -279,8 +322,8 @@ private:
 
   void take(const Step &step) {
     for (const auto verbsOf :
-         {&Session::documentVerbs, &Session::formVerbs, &Session::fileVerbs, &Session::placeVerbs,
-          &Session::frameVerbs, &Session::slipVerbs, &Session::pointerVerbs})
+         {&Session::documentVerbs, &Session::formVerbs, &Session::fileVerbs, &Session::storeVerbs,
+          &Session::placeVerbs, &Session::frameVerbs, &Session::slipVerbs, &Session::pointerVerbs})
       if (const Verbs verbs = (this->*verbsOf)(step); verbs.contains(step.word(0)))
         return verbs.at(step.word(0))();
     const QString act = step.rest(0);
@@ -374,8 +417,8 @@ TEST_P(Sessions, GoAsListed) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Sessions,
-                         testing::Values("panels.txt", "gestures.txt", "settings.txt", "themes.txt",
-                                         "files.txt"));
+                         testing::Values("panels.txt", "gestures.txt", "settings.txt", "store.txt",
+                                         "themes.txt", "files.txt"));
 
 } // namespace
 } // namespace vnb::test
