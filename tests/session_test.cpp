@@ -87,8 +87,10 @@ private:
     QWidget *on = &target(path);
     if (on->isWindow() && on->focusWidget() != nullptr)
       on = on->focusWidget();
-    const QKeyCombination keys = QKeySequence(name)[0];
-    QTest::keyEvent(action, on, keys.key(), keys.keyboardModifiers());
+    const bool altGr = name.startsWith(u"AltGr+");
+    const QKeyCombination keys = QKeySequence(altGr ? name.mid(6) : name)[0];
+    QTest::keyEvent(action, on, keys.key(),
+                    keys.keyboardModifiers() | (altGr ? Qt::GroupSwitchModifier : Qt::NoModifier));
   }
   /// A theme's folder or a file in it.
   static QString ownTheme(const QString &name) {
@@ -117,11 +119,23 @@ private:
       changes << QString::fromStdString(error);
   }
 
+  static Qt::KeyboardModifiers modifiersOf(const QString &key) {
+    return key == u"Shift"  ? Qt::ShiftModifier
+           : key == u"Ctrl" ? Qt::ControlModifier
+                            : Qt::NoModifier;
+  }
+  /// -1 for the free space behind the last row.
+  static void clickRow(QWidget &control, int row, Qt::KeyboardModifiers modifiers) {
+    const auto &list = dynamic_cast<NumberList &>(control);
+    QWidget *rows = list.viewport();
+    QTest::mouseClick(rows, Qt::LeftButton, modifiers,
+                      row < 0 ? rows->rect().bottomLeft()
+                              : list.visualRect(list.model()->index(row, 0)).center());
+  }
   static void turnWheel(QWidget &on, QPoint angle, QPoint pixels, const QString &key) {
     const QPointF at(1, 1);
-    QWheelEvent wheel(at, on.mapToGlobal(at), pixels, angle, {},
-                      key == u"Shift" ? Qt::ShiftModifier : Qt::NoModifier, Qt::NoScrollPhase,
-                      false);
+    QWheelEvent wheel(at, on.mapToGlobal(at), pixels, angle, {}, modifiersOf(key),
+                      Qt::NoScrollPhase, false);
     QSpontaneKeyEvent::setSpontaneous(&wheel);
     qApp->notify(&on, &wheel);
   }
@@ -171,6 +185,9 @@ private:
         {u"close"_qs, [&] { form(step.word(1)).close(); }},
         {u"dialog"_qs, [&] { within(step.word(1), step.words.mid(2)); }},
         {u"focus"_qs, [&] { target(step.word(1)).setFocus(); }},
+        {u"focused"_qs, [&] { changes << target(step.word(1)).focusWidget()->objectName(); }},
+        {u"row"_qs,
+         [&] { clickRow(target(step.word(1)), step.number(2), modifiersOf(step.word(3))); }},
         {u"key"_qs, [&] { key(QTest::Click, step.word(1), step.word(2)); }},
         {u"keydown"_qs, [&] { key(QTest::Press, step.word(1), step.word(2)); }},
         {u"keyup"_qs, [&] { key(QTest::Release, step.word(1), step.word(2)); }},
@@ -314,7 +331,7 @@ private:
         {u"release"_qs, [&] { step.words.size() > 1 ? release(step.button()) : release(); }},
         {u"lose"_qs, [&] { pointer.loseRelease(); }},
         {u"wheel"_qs,
-         [&] { turnWheel(child(step.word(1)), step.point(2), step.point(3), step.words.last()); }},
+         [&] { turnWheel(target(step.word(1)), step.point(2), step.point(3), step.words.last()); }},
         {u"scroll"_qs, [&] { child<QScrollBar>(step.word(1)).setValue(step.number(2)); }},
         {u"put"_qs, [&] { put(step.number(1), step.number(2), step.number(3)); }},
         {u"toolbox"_qs, [&] { toolbox(step.number(1)); }}};
@@ -417,8 +434,8 @@ TEST_P(Sessions, GoAsListed) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Sessions,
-                         testing::Values("panels.txt", "gestures.txt", "settings.txt", "store.txt",
-                                         "themes.txt", "files.txt"));
+                         testing::Values("panels.txt", "controls.txt", "gestures.txt", "settings.txt",
+                                         "store.txt", "themes.txt", "files.txt"));
 
 } // namespace
 } // namespace vnb::test

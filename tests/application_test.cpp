@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// What holds for every window and handler.
+#include "formtest.h"
+#include "widgets/controls.h"
+
+#include <QCheckBox>
+#include <QHelpEvent>
+#include <QMessageBox>
+#include <QTextDocument>
+#include <QToolTip>
+
+namespace vnb::test {
+namespace {
+
+class Everywhere : public testing::Test {
+protected:
+  Everywhere() {
+    check->move(0, 100);
+    form.resize(200, 200);
+    form.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+  }
+
+  const Boxes boxes;
+  FormWindow form{"form", "Form", {100, 100}};
+  TextBox *box = add<TextBox>(form, QStringLiteral("box"));
+  QCheckBox *check = add<QCheckBox>(form, QStringLiteral("check"));
+};
+
+/// By a handler without frames of Qt's that keep something: those are left as they are.
+TEST_F(Everywhere, AnErrorThatNoHandlerReportsEndsNothing) {
+  const auto fail = [&] {
+    EXPECT_THAT(boxes.texts, IsEmpty()) << "no box in the middle of an event";
+    throw RuntimeError(Fault::Overflow);
+  };
+  for (int i = 0; i < 2; ++i)
+    QMetaObject::invokeMethod(&form, fail, Qt::QueuedConnection);
+  QCoreApplication::processEvents();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(boxes.texts, Words(2, "6 Application.notify"));
+}
+
+TEST_F(Everywhere, NoTextIsHtml) {
+  const QString text = QStringLiteral("<img src='anything'>");
+  check->setToolTip(text);
+  QHelpEvent rest(QEvent::ToolTip, QPoint(1, 1), check->mapToGlobal(QPoint(1, 1)));
+  QCoreApplication::sendEvent(check, &rest);
+  EXPECT_EQ(QToolTip::text(), Qt::convertFromPlainText(text));
+  QMessageBox message(QMessageBox::Warning, {}, text); // as Qt's dialogs show them
+  message.show();
+  EXPECT_EQ(message.textFormat(), Qt::PlainText);
+}
+
+TEST_F(Everywhere, NoMenuOpensWhileTheButtonIsHeld) {
+  for (const auto action : {QTest::MousePress, QTest::MouseRelease}) {
+    QTest::mouseEvent(action, form.windowHandle(), Qt::LeftButton, {}, box->geometry().center());
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, {1, 1}, box->mapToGlobal(QPoint(1, 1)));
+    QCoreApplication::sendEvent(box, &key);
+    EXPECT_EQ(QApplication::activePopupWidget() == nullptr, action == QTest::MousePress);
+  }
+  QApplication::activePopupWidget()->close();
+}
+
+TEST_F(Everywhere, WhatIsQueuedBehindAClosedFormActsOnNothing) {
+  QTest::keyClick(box, Qt::Key_Escape);
+  EXPECT_FALSE(form.isVisible());
+  QTest::keyClick(check, Qt::Key_Space);
+  QTest::mouseClick(check, Qt::LeftButton);
+  EXPECT_FALSE(check->isChecked());
+}
+
+} // namespace
+} // namespace vnb::test
