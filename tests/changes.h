@@ -160,7 +160,8 @@ private:
     for (std::int32_t i = 1; i <= surface().lneLink.UBound(); ++i) {
       const Line &each = surface().lneLink(i);
       out[u"line "_qs + QString::number(i)] =
-          QStringLiteral("%1,%2-%3,%4%5")
+          QStringLiteral("%1%2,%3-%4,%5%6")
+              .arg(each.Visible ? QString() : u"hidden "_qs)
               .arg(each.X1)
               .arg(each.Y1)
               .arg(each.X2)

@@ -165,11 +165,7 @@ public:
 
   /// Presses a device at a place within it, its corner if none is given.
   Gesture &press(std::int32_t device, Qt::MouseButton button = Qt::LeftButton, QPoint grab = {}) {
-    const QPoint at = surface().spriteRect(device).topLeft() + grab;
-    return pressAt(at.x(), at.y(), button);
-  }
-  Gesture &pressAt(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
-    return pressIn(surface(), {x, y}, button);
+    return pressIn(surface(), surface().spriteRect(device).topLeft() + grab, button);
   }
   Gesture &pressIn(QWidget &widget, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
     moveIn(widget, at);

@@ -8,6 +8,7 @@
 #include "shell/frmSettings.h"
 #include "widgets/longmenu.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QDir>
 #include <QHelpEvent>
@@ -294,6 +295,8 @@ private:
             {u"tip"_qs, [&] { tellTip(step.point(1)); }},
             {u"double"_qs,
              [&] { QTest::mouseDClick(&target(step.word(1)), Qt::LeftButton, {}, step.point(2)); }},
+            {u"heard"_qs, [&] { tellHeard(); }},
+            {u"act"_qs, [&] { act(step.word(1), step.word(2)); }},
             {u"moved"_qs, [&] { main.move(step.point(1)); }},
             {u"resize"_qs, [&] { main.resize(step.number(1), step.number(2)); }}};
   }
@@ -409,10 +412,47 @@ private:
     QCoreApplication::sendEvent(&surface(), &event);
     changes << QToolTip::text();
   }
+  /// What assistive technology reads, and what has gone since it read last.
+  void tellHeard() {
+    QAccessibleInterface &list = *QAccessible::queryAccessibleInterface(&surface());
+    const QPoint corner = surface().mapToGlobal(QPoint());
+    for (const QAccessibleInterface *before : std::exchange(heard, {}))
+      if (before->state().invalid || !before->isValid())
+        changes << u"one is gone: "_qs + before->text(QAccessible::Name);
+    for (int i = 0; i < list.childCount(); ++i) {
+      QAccessibleInterface *item = heard.emplace_back(list.child(i));
+      EXPECT_TRUE(item->parent() == &list && list.indexOfChild(item) == i);
+      const QAccessible::State state = item->state();
+      const QRect at = item->rect().translated(-corner);
+      changes << item->text(QAccessible::Name) +
+                     QStringLiteral(" at %1,%2 %3x%4%5%6%7")
+                         .arg(at.x())
+                         .arg(at.y())
+                         .arg(at.width())
+                         .arg(at.height())
+                         .arg(state.selectable ? u" selectable"_qs : QString(),
+                              state.selected ? u" selected"_qs : QString(),
+                              state.offscreen ? u" offscreen"_qs : QString()) +
+                     (list.childAt(item->rect().x(), item->rect().y()) == item ? QString()
+                                                                               : u" not found"_qs);
+    }
+  }
+  /// As assistive technology does: a device by its number, or a control.
+  void act(const QString &on, const QString &action) {
+    QAccessibleInterface &all = *QAccessible::queryAccessibleInterface(&surface());
+    bool number = false;
+    QAccessibleInterface *item = all.child(on.toInt(&number));
+    (number ? item : QAccessible::queryAccessibleInterface(&target(on)))
+        ->actionInterface()
+        ->doAction(action);
+    note();
+    changes << u"later"_qs; // not while the caller waits
+  }
   static Colour &userColour(const QString &key) {
     return *std::ranges::find(colourRows, key.toStdString(), &ColourRow::key)->colour;
   }
 
+  std::vector<QAccessibleInterface *> heard;
   std::optional<QRgb> colour; // that the next colour dialog answers; none for a cancel
 };
 
@@ -434,8 +474,9 @@ TEST_P(Sessions, GoAsListed) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Sessions,
-                         testing::Values("panels.txt", "controls.txt", "gestures.txt", "settings.txt",
-                                         "store.txt", "themes.txt", "files.txt"));
+                         testing::Values("panels.txt", "controls.txt", "accessible.txt",
+                                         "gestures.txt", "settings.txt", "store.txt", "themes.txt",
+                                         "files.txt"));
 
 } // namespace
 } // namespace vnb::test

@@ -19,16 +19,13 @@
 
 namespace vnb::test {
 
-using testing::AllOf;
 using testing::Each;
 using testing::ElementsAre;
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::MatchesRegex;
 using testing::SizeIs;
 using testing::StartsWith;
-using testing::UnorderedElementsAre;
 
 /// What `act` raises: the number, or the description of an error of the program's own; "" for none.
 template <class Act>
