@@ -301,10 +301,12 @@ private:
 
   // How it is done.
 
-  /// No event loop takes what waits, and each object that goes looks all of it through.
+  /// No event loop takes what waits, and each object that goes looks all of it through, and the
+  /// empty places of what was sent by its type: those go when all that waits is sent, now nothing.
   static void clearEvents() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::removePostedEvents(nullptr);
+    QCoreApplication::sendPostedEvents();
   }
 
   static void pick(QComboBox &box, Choices &choices) {
