@@ -281,7 +281,7 @@ private:
         {u"allow"_qs,
          [=, &step] {
            EXPECT_TRUE(QFile::setPermissions(
-               path(1), QFile::Permissions::fromInt(step.word(2).toInt(nullptr, 16))));
+               path(1), QFile::Permissions::fromInt(step.word(2).toUInt(nullptr, 16))));
          }},
         {u"mode"_qs, [=, this] {
            const QFileInfo info(path(1));
