@@ -162,7 +162,7 @@ TEST(File, RaisesTheClassicNumbers) {
   const QString here = folder.path("");
   Words errors;
   for (const QString &path : {QString(), here, folder.path("none"), QStringLiteral("/dev/zero"),
-                              folder.file("x", "x") + QStringLiteral("/y")})
+                              folder.file("x", "x") + QStringLiteral("/y"), QString(300, u'x')})
     errors.push_back(raised([&] { File().openForInput(path); }));
   for (const QString &path : {QString(), here, folder.path("no/x")})
     errors.push_back(raised([&] { File().openForOutput(path); }));
@@ -171,7 +171,14 @@ TEST(File, RaisesTheClassicNumbers) {
   errors.push_back(raised([&] { File().openForOutput(folder.path("x")); }));
   taken.close();
   errors.push_back(raised([&] { File().openForOutput(folder.path("x")); }));
-  EXPECT_THAT(errors, ElementsAre("52", "75", "53", "75", "76", "52", "75", "76", "70", ""));
+  rlimit handles{};
+  ::getrlimit(RLIMIT_NOFILE, &handles);
+  const rlimit none{0, handles.rlim_max};
+  ::setrlimit(RLIMIT_NOFILE, &none);
+  errors.push_back(raised([&] { File().openForInput(folder.path("x")); }));
+  ::setrlimit(RLIMIT_NOFILE, &handles);
+  EXPECT_THAT(errors,
+              ElementsAre("52", "75", "53", "75", "76", "52", "52", "75", "76", "70", "", "67"));
   EXPECT_EQ(Folder::bytes(folder.path("x")), "x");
 }
 
