@@ -4,7 +4,6 @@
 #include "diagram/selection.h"
 #include "gesture.h"
 #include "tools/samplelan.h"
-#include "widgets/pictures.h"
 
 #include <QPainter>
 
@@ -55,19 +54,6 @@ protected:
   Selection selection{surface, *this};
   ReaderView view;
 };
-
-TEST_F(Diagram, EachDeviceShowsThePictureOfItsType) {
-  operations.MoveSystem(0, -100, 0);
-  add(2, 100, 100);
-  for (std::int32_t lType = 1; lType <= SystemType::Last; ++lType) {
-    const QImage due = DeviceImages(lType).toImage().convertToFormat(QImage::Format_RGB32);
-    operations.ReplaceSystem(1, lType);
-    EXPECT_EQ(picture({QPoint(100, 100), surface.spriteRect(1).size()}), due) << lType;
-    const QString sharp = QStringLiteral(":/pictures/%1@2x.png").arg(ResIDFromType(lType));
-    EXPECT_EQ(QImage(sharp).size(), due.size() * 2) << lType;
-  }
-  EXPECT_THROW(LoadResPicture(QStringLiteral("NOSUCH")), RuntimeError);
-}
 
 TEST_F(Diagram, PastTheLastNumberNoEndsTheReading) {
   QByteArray bytes = lanFile({});

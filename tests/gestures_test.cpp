@@ -4,6 +4,7 @@
 #include "panels/frmLinks.h"
 #include "widgets/drag.h"
 #include "widgets/longmenu.h"
+#include "widgets/pictures.h"
 
 #include <QListView>
 #include <QMessageBox>
@@ -45,13 +46,19 @@ TEST_F(Gesture, ADragThatIsCutShortDropsNothing) {
 
 // The toolbox.
 
-TEST_F(Gesture, TheToolboxShowsThePictureOfEachType) {
+TEST_F(Gesture, ToolboxAndSurfaceShowThePictureOfEachType) {
+  put(router, 400, 400);
   for (std::int32_t lType = SystemType::FirstToPick; lType <= SystemType::Last; ++lType) {
     toolbox(lType - SystemType::FirstToPick);
+    main.operations().ReplaceSystem(hub, lType);
     const QImage due = DeviceImages(lType).toImage().convertToFormat(QImage::Format_RGB32);
-    EXPECT_FALSE(due.isNull());
-    EXPECT_EQ(preview().grab().toImage().convertToFormat(QImage::Format_RGB32), due) << lType;
+    const QRect place(QPoint(100, 50), surface().spriteRect(hub).size());
+    for (const QPixmap &seen : {preview().grab(), surface().grab(place)})
+      EXPECT_EQ(seen.toImage().convertToFormat(QImage::Format_RGB32), due) << lType;
+    const QString sharp = QStringLiteral(":/pictures/%1@2x.png").arg(ResIDFromType(lType));
+    EXPECT_EQ(QImage(sharp).size(), due.size() * 2) << lType;
   }
+  EXPECT_THROW(LoadResPicture(QStringLiteral("NOSUCH")), RuntimeError);
 }
 
 // The context menu.

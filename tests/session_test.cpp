@@ -365,6 +365,7 @@ private:
   void within(const QString &button, const QStringList &acts) {
     QTimer::singleShot(0, &main, [this, acts] {
       const QPointer<QWidget> dialog = QApplication::activeModalWidget();
+      EXPECT_EQ(dialog->parentWidget(), &main);
       note();
       for (const QString &act : acts)
         use(*dialog, act.toStdString());

@@ -226,11 +226,14 @@ TEST(Looks, AreAsListed) {
     now << drawn("held", *mark, {15, 15});
   }
   Swatch colour(nullptr);
-  now << drawn("swatch", colour, {20, 15});
-  colour.setDown(true);
-  now << drawn("held", colour, {20, 15});
   PageButton page(nullptr, {0xFFFFFF, 0xFFFFFF, 0x808080});
-  now << drawn("page", page, {20, 15});
+  for (QAbstractButton *plate :
+       {static_cast<QAbstractButton *>(&colour), static_cast<QAbstractButton *>(&page)}) {
+    now << drawn("swatch or page", *plate, {20, 15});
+    plate->setDown(true);
+    now << drawn("held", *plate, {20, 15});
+    plate->setDown(false);
+  }
   page.setSelected(true);
   now << drawn("open", page, {20, 15});
   DropDown drop(nullptr);
