@@ -301,8 +301,8 @@ private:
 
   // How it is done.
 
-  /// No event loop takes what waits, and each object that goes looks all of it through, and the
-  /// empty places of what was sent by its type: those go when all that waits is sent, now nothing.
+  /// No event loop takes what waits, and each object that goes looks all of it through. What is
+  /// sent by its type leaves an empty place, which only a sending of everything takes away.
   static void clearEvents() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::removePostedEvents(nullptr);

@@ -89,6 +89,8 @@ TEST_F(Diagram, PaintsGridThenLinesThenSprites) {
   EXPECT_EQ(pixel(160, 110), 0x5782E4) << "over the grid";
   EXPECT_EQ(pixel(210, 110), 0x404040) << "the sprite hides the line";
   EXPECT_EQ(pixel(248, 110), 0x000010) << "up to its end";
+  surface.lneLink(1).Visible = false;
+  EXPECT_EQ(pixel(150, 110), 0x000010) << "hidden";
   for (const int distance : {0, -5, 2147483647}) {
     GridRes = distance;
     surface.Cls();

@@ -73,12 +73,12 @@ TEST(Start, ShowsTheWindowAndItsEndStoresWhatIsInForce) {
   const Folder folder;
   qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path("")));
   folder.file("Main/PosX=300\nMain/PosY=450\n", "VNB.ini");
+  const Boxes boxes(yes(1)); // no theme is beside this program
   frmMain main;
   const QPointer<frmSplash> form = &main.forms().get<frmSplash>();
-  int reports = 0;
-  showMessageBox = [&](const MessageBox & /*box*/) { // no theme is beside this program
+  showMessageBox = [&form, answer = showMessageBox](const MessageBox &box) {
     EXPECT_TRUE(form->isVisible());
-    return ++reports, Answer::Yes;
+    return answer(box);
   };
   main.Form_Load();
   EXPECT_EQ(main.windowTitle(), u"Vantry Network Builder v6.2.5");
@@ -91,7 +91,7 @@ TEST(Start, ShowsTheWindowAndItsEndStoresWhatIsInForce) {
   EXPECT_TRUE(form.isNull());
   EXPECT_THAT(Folder::bytes(folder.path("VNB.ini")).toStdString(),
               HasSubstr("PosX=600\nPosY=900\n"));
-  EXPECT_EQ(reports, 1);
+  EXPECT_THAT(boxes.texts, ElementsAre("53 frmMain.LoadSettings"));
 }
 
 /// Whoever waits gets No or nothing, asks in vain from then on, and is done before the end.

@@ -417,9 +417,11 @@ private:
   void tellHeard() {
     QAccessibleInterface &list = *QAccessible::queryAccessibleInterface(&surface());
     const QPoint corner = surface().mapToGlobal(QPoint());
-    for (const QAccessibleInterface *before : std::exchange(heard, {}))
-      if (before->state().invalid || !before->isValid())
+    for (const QAccessibleInterface *before : std::exchange(heard, {})) {
+      EXPECT_NE(before->isValid(), before->state().invalid);
+      if (!before->isValid())
         changes << u"one is gone: "_qs + before->text(QAccessible::Name);
+    }
     for (int i = 0; i < list.childCount(); ++i) {
       QAccessibleInterface *item = heard.emplace_back(list.child(i));
       EXPECT_TRUE(item->parent() == &list && list.indexOfChild(item) == i);
@@ -443,11 +445,11 @@ private:
     QAccessibleInterface &all = *QAccessible::queryAccessibleInterface(&surface());
     bool number = false;
     QAccessibleInterface *item = all.child(on.toInt(&number));
-    (number ? item : QAccessible::queryAccessibleInterface(&target(on)))
-        ->actionInterface()
-        ->doAction(action);
+    QAccessibleActionInterface &actions =
+        *(number ? item : QAccessible::queryAccessibleInterface(&target(on)))->actionInterface();
+    actions.doAction(action);
     note();
-    changes << u"later"_qs; // not while the caller waits
+    changes << u"later, of "_qs + actions.actionNames().join(u'/'); // the caller doesn't wait
   }
   static Colour &userColour(const QString &key) {
     return *std::ranges::find(colourRows, key.toStdString(), &ColourRow::key)->colour;

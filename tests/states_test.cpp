@@ -227,9 +227,10 @@ TEST(Looks, AreAsListed) {
   }
   Swatch colour(nullptr);
   PageButton page(nullptr, {0xFFFFFF, 0xFFFFFF, 0x808080});
-  for (QAbstractButton *plate :
-       {static_cast<QAbstractButton *>(&colour), static_cast<QAbstractButton *>(&page)}) {
-    now << drawn("swatch or page", *plate, {20, 15});
+  for (const auto &[name, plate] :
+       std::initializer_list<std::pair<const char *, QAbstractButton *>>{{"swatch", &colour},
+                                                                         {"page", &page}}) {
+    now << drawn(name, *plate, {20, 15});
     plate->setDown(true);
     now << drawn("held", *plate, {20, 15});
     plate->setDown(false);

@@ -67,7 +67,7 @@ protected:
 
 TEST_P(Themes, HaveAPictureForEachKey) {
   for (const std::string &key : buttons) {
-    const QSize size = key.ends_with("subnet") && key != "subnet" ? QSize(13, 13) : QSize(24, 24);
+    const QSize size = key == "addsubnet" || key == "delsubnet" ? QSize(13, 13) : QSize(24, 24);
     const QImage off = picture(value("BUTTONS/" + key, u"off"), size);
     const QImage over = picture(value("BUTTONS/" + key, u"over"), size);
     const QImage down = picture(value("BUTTONS/" + key, u"down"), size);
