@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QHelpEvent>
+#include <QMenu>
 #include <QMessageBox>
 #include <QTextDocument>
 #include <QToolTip>
@@ -67,6 +68,23 @@ TEST_F(Everywhere, WhatIsQueuedBehindAClosedFormActsOnNothing) {
   QTest::keyClick(check, Qt::Key_Space);
   QTest::mouseClick(check, Qt::LeftButton);
   EXPECT_FALSE(check->isChecked());
+}
+
+TEST_F(Everywhere, WhatIsQueuedBehindAClosedMenuActsOnNothing) {
+  QMenu menu;
+  bool chosen = false;
+  QMenu &submenu = *menu.addMenu(QStringLiteral("submenu"));
+  QObject::connect(menu.addAction(QStringLiteral("entry")), &QAction::triggered,
+                   [&chosen] { chosen = true; });
+  submenu.addAction(QStringLiteral("entry"));
+  menu.popup(QPoint());
+  const QPoint entry = menu.rect().center() + QPoint(0, menu.height() / 4);
+  menu.close();
+  for (int i = 0; i < 2; ++i)
+    QTest::keyClick(menu.windowHandle(), Qt::Key_Return); // to the first entry, and into it
+  EXPECT_FALSE(submenu.isVisible());
+  QTest::mouseClick(menu.windowHandle(), Qt::LeftButton, {}, entry);
+  EXPECT_FALSE(chosen);
 }
 
 } // namespace

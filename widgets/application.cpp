@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QTextDocument>
 #include <QToolTip>
+#include <QWindow>
 
 namespace vnb {
 
@@ -28,6 +29,9 @@ bool Application::notify(QObject *receiver, QEvent *event) {
 }
 
 bool Application::eventFilter(QObject *object, QEvent *event) {
+  // A menu would act on what is queued behind the pick that has closed it, and open again.
+  if (object->isWindowType() && event->isInputEvent())
+    return !static_cast<QWindow *>(object)->isVisible();
   if (event->type() == QEvent::ToolTip && object->isWidgetType())
     return showPlainTip(*static_cast<QWidget *>(object), *static_cast<QHelpEvent *>(event));
   // A menu would take the release that a control waits for: a text would scroll on for ever.

@@ -14,7 +14,7 @@ namespace vnb {
 /// up.
 ///
 /// No text is HTML, which could open any file: tool tips and message boxes show it as it stands. No
-/// control's own menu opens while the left button is held.
+/// control's own menu opens while the left button is held. A window that is gone takes no input.
 class Application : public QApplication {
 public:
   Application(int &argc, char **argv);
