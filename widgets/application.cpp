@@ -29,9 +29,10 @@ bool Application::notify(QObject *receiver, QEvent *event) {
 }
 
 bool Application::eventFilter(QObject *object, QEvent *event) {
-  // A menu would act on what is queued behind the pick that has closed it, and open again.
-  if (object->isWindowType() && event->isInputEvent())
-    return !static_cast<QWindow *>(object)->isVisible();
+  // What is queued behind its end would still be done: a menu would open again.
+  if (object->isWindowType() && event->isInputEvent() &&
+      !static_cast<QWindow *>(object)->isVisible())
+    return true;
   if (event->type() == QEvent::ToolTip && object->isWidgetType())
     return showPlainTip(*static_cast<QWidget *>(object), *static_cast<QHelpEvent *>(event));
   // A menu would take the release that a control waits for: a text would scroll on for ever.

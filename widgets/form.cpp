@@ -91,8 +91,6 @@ void FormWindow::closeEvent(QCloseEvent *event) {
 
 void FormWindow::retire() {
   hide();
-  // What is queued reaches hidden controls, but none that is disabled.
-  setEnabled(false);
   if (m_retired)
     m_retired();
   if (m_modalLoop != nullptr)
