@@ -3,7 +3,9 @@
 #include "formtest.h"
 #include "widgets/controls.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
+#include <QCompleter>
 #include <QHelpEvent>
 #include <QMenu>
 #include <QMessageBox>
@@ -89,6 +91,19 @@ TEST_F(Everywhere, WhatIsQueuedBehindAClosedMenuActsOnNothing) {
   EXPECT_FALSE(submenu.isVisible());
   QTest::mouseClick(menu.windowHandle(), Qt::LeftButton, {}, entry);
   EXPECT_FALSE(chosen);
+}
+
+/// The field would else lack letters that are typed fast.
+TEST_F(Everywhere, AHiddenListOfCompletionsHandsItsKeysOn) {
+  QCompleter completer({QStringLiteral("abc")});
+  box->setCompleter(&completer);
+  box->setFocus();
+  QTest::keyClick(form.windowHandle(), 'a');
+  QWindow *list = completer.popup()->windowHandle();
+  EXPECT_TRUE(list->isVisible());
+  completer.popup()->hide();
+  QTest::keyClick(list, 'b');
+  EXPECT_EQ(box->text(), u"ab");
 }
 
 } // namespace

@@ -30,8 +30,7 @@ bool Application::notify(QObject *receiver, QEvent *event) {
 
 bool Application::eventFilter(QObject *object, QEvent *event) {
   // What is queued behind its end would still be done: a menu would open again.
-  if (object->isWindowType() && event->isInputEvent() &&
-      !static_cast<QWindow *>(object)->isVisible())
+  if (object->isWindowType() && event->isInputEvent() && isGone(*static_cast<QWindow *>(object)))
     return true;
   if (event->type() == QEvent::ToolTip && object->isWidgetType())
     return showPlainTip(*static_cast<QWidget *>(object), *static_cast<QHelpEvent *>(event));
@@ -43,6 +42,12 @@ bool Application::eventFilter(QObject *object, QEvent *event) {
     if (auto *box = qobject_cast<QMessageBox *>(object))
       box->setTextFormat(Qt::PlainText);
   return false;
+}
+
+/// A list of completions isn't gone with the last of them: it hands each key on to its field.
+bool Application::isGone(const QWindow &window) {
+  const QWidget *widget = QWidget::find(window.winId());
+  return !window.isVisible() && (widget == nullptr || widget->focusProxy() == nullptr);
 }
 
 /// Whether it was one that Qt would take for HTML.

@@ -5,6 +5,7 @@
 #include <QApplication>
 
 class QHelpEvent;
+class QWindow;
 
 namespace vnb {
 
@@ -23,6 +24,7 @@ public:
   bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
+  static bool isGone(const QWindow &window);
   static bool showPlainTip(QWidget &widget, const QHelpEvent &event);
 };
 
